@@ -1,0 +1,1 @@
+#include "database/DataEnvironment1.h"

@@ -1,0 +1,38 @@
+// The one connection of the program and its named commands.
+#pragma once
+
+#include "database/Requete.h"
+
+#include <QSqlDatabase>
+#include <QString>
+
+// Owns Connect_Bdd, the connection on the study's file. Screens and modules hold no connection of their own: they ask
+// for a named command or run statements on Connect_Bdd.
+class DataEnvironment1
+{
+public:
+    DataEnvironment1() = default;
+    ~DataEnvironment1();
+    DataEnvironment1(const DataEnvironment1 &) = delete;
+    DataEnvironment1 &operator=(const DataEnvironment1 &) = delete;
+
+    // Opens the store at this host path: foreign keys on, WAL, the connection's collations installed. An Erreur tells
+    // why it cannot be. A connection that is already open is released first.
+    void ouvrir(const QString &cheminHote);
+    // Closes the connection; the journal is folded back, so that the study is one file again.
+    void liberer();
+    bool estOuvert() const;
+
+    const QSqlDatabase &Connect_Bdd() const;
+
+    // Opens a named command ("Parametre", "Mesure_PC", ...): its rows from the first.
+    Requete commande(const QString &nom) const;
+    // The statement behind a named command.
+    static QString source(const QString &nom);
+
+    // Runs one statement on Connect_Bdd.
+    Requete executer(const QString &sql, const QVariantList &parametres = {}) const;
+
+private:
+    QString m_connexion;
+};

@@ -1,0 +1,14 @@
+// What the main window gives to the screens it shows, so that no screen knows the window itself.
+#pragma once
+
+class QWidget;
+
+class Cadre
+{
+public:
+    virtual ~Cadre() = default;
+    // Shows a screen as a child at the top left of the client area, not modal; it is deleted when closed.
+    virtual void montrer(QWidget *ecran) = 0;
+    // Minimises the main window (a document is about to be edited in another program).
+    virtual void reduire() = 0;
+};

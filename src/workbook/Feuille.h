@@ -1,0 +1,37 @@
+// One sheet of a workbook.
+#pragma once
+
+#include "workbook/Plage.h"
+
+#include <QString>
+#include <memory>
+#include <optional>
+
+// Rows and columns count from 1, as in the spreadsheet. A handle: copies speak of the same sheet.
+class Feuille
+{
+public:
+    class Donnees;
+    explicit Feuille(std::shared_ptr<Donnees> donnees);
+
+    QString nom() const;
+    void renommer(const QString &nom);
+
+    Plage cellule(int ligne, int colonne) const;
+    Plage plage(int ligne1, int colonne1, int ligne2, int colonne2) const;
+    // "A4", "B2:D10".
+    Plage plage(const QString &adresse) const;
+
+    // Inserts rows before this one, pushing the rest down; they take the formats of the row above.
+    void insererLignes(int ligne, int nombre = 1);
+    void supprimerLignes(int ligne, int nombre = 1);
+    // Last row and column that hold anything; 0 when the sheet is empty.
+    int derniereLigne() const;
+    int derniereColonne() const;
+    // Height of a row and width of a column, in hundredths of a millimetre.
+    void hauteurLigne(int ligne, int centiemesMm);
+    void largeurColonne(int colonne, int centiemesMm);
+
+private:
+    std::shared_ptr<Donnees> m_donnees;
+};

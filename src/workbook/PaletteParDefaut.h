@@ -1,0 +1,5 @@
+// The default palette of the spreadsheet application: the 56 colours that ColorIndex numbers.
+#pragma once
+
+// 0xRRGGBB of ColorIndex 1 to 56.
+int couleurParDefaut(int index);

@@ -1,0 +1,2 @@
+// Anchors the library until the first workbook source.
+#include "workbook/CoursRapport.h"
