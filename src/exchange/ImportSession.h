@@ -1,8 +1,8 @@
 // The state of an import, kept from one resumption to the next.
 #pragma once
 
-#include <QString>
 #include <array>
+#include <QString>
 
 // Which routine a button restarts.
 enum class TypeImport {

@@ -7,8 +7,8 @@
 #include "workbook/CoursRapport.h"
 #include "workbook/Tableur.h"
 
-#include <QString>
 #include <array>
+#include <QString>
 
 enum class TypeExport { Aucun = 0, PhysicoChimie = 1, Pesticides = 2, Hydrometrie = 3, Pluviometrie = 4 };
 enum class FormatExport { Aucun = 0, Tableur = 1, Sysiphe = 2, Trames = 3, Xml = 4 };

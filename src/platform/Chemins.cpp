@@ -23,7 +23,8 @@ QString entreeExistante(const QString &dossier, const QString &nom)
 {
     if (QFileInfo::exists(dossier + u'/' + nom))
         return nom;
-    const QStringList entrees = QDir(dossier).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    const QStringList entrees =
+        QDir(dossier).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     for (const QString &entree : entrees)
         if (entree.compare(nom, Qt::CaseInsensitive) == 0)
             return entree;

@@ -2,9 +2,9 @@
 // and the tests have their own.
 #pragma once
 
+#include <optional>
 #include <QList>
 #include <QString>
-#include <optional>
 
 enum class Icone { Aucune, Information, Question, Exclamation, Critique };
 enum class Reponse { OK, Annuler, Oui, Non };

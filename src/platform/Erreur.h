@@ -1,8 +1,8 @@
 // The one exception of the program: a run-time failure that ends as a box in front of the user.
 #pragma once
 
-#include <QString>
 #include <exception>
+#include <QString>
 
 // A failure with the number and the words of the engine that reported it (database, spreadsheet, file system), or
 // with French words of our own and a number of ours. The boxes show "number - description" or the description alone.

@@ -1,8 +1,8 @@
 // The date and time that the program sees; replaceable at this one place, for scenarios and tests.
 #pragma once
 
-#include <QDateTime>
 #include <optional>
+#include <QDateTime>
 
 namespace Horloge
 {

@@ -3,9 +3,9 @@
 
 #include "workbook/Feuille.h"
 
+#include <memory>
 #include <QString>
 #include <QStringList>
-#include <memory>
 
 // Closed without saving when destroyed.
 class Classeur

@@ -4,9 +4,9 @@
 #include "platform/Dialogue.h"
 #include "workbook/Tableur.h"
 
+#include <functional>
 #include <QObject>
 #include <QString>
-#include <functional>
 
 // Last folder used for each kind of document ("Document Excel", "Document texte (SANDRE)"), for this run.
 class DossiersRecents

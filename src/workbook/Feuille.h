@@ -3,9 +3,9 @@
 
 #include "workbook/Plage.h"
 
-#include <QString>
 #include <memory>
 #include <optional>
+#include <QString>
 
 // Rows and columns count from 1, as in the spreadsheet. A handle: copies speak of the same sheet.
 class Feuille

@@ -1,11 +1,11 @@
 // A rectangle of cells: values, formats, fills and borders.
 #pragma once
 
+#include <memory>
 #include <QDateTime>
 #include <QString>
 #include <QVariant>
 #include <QVector>
-#include <memory>
 
 // What a cell holds when it is read: nothing, a number, a text, a date (the number of a cell whose format is a date),
 // or an error with its sign ("#N/A").
@@ -57,16 +57,16 @@ public:
     // Write a rectangle of the range's own size.
     void ecrire(const Valeurs &valeurs);
 
-    void viderContenu();                       // ClearContents: the formats stay
-    void supprimerCellules(bool versLeHaut);   // Delete with Shift: up, else to the left
-    void insererCellules(bool versLeBas);      // Insert with Shift: down, else to the right
+    void viderContenu();                     // ClearContents: the formats stay
+    void supprimerCellules(bool versLeHaut); // Delete with Shift: up, else to the left
+    void insererCellules(bool versLeBas);    // Insert with Shift: down, else to the right
 
-    void formatNombre(const QString &format);  // "@", "General", "dd/mm/yyyy", "dd/mm/yy", "0.00"
+    void formatNombre(const QString &format); // "@", "General", "dd/mm/yyyy", "dd/mm/yy", "0.00"
     void gras(bool oui);
     void italique(bool oui);
     void taillePolice(double points);
     void nomPolice(const QString &nom);
-    void couleurPolice(int rvb);               // 0xRRGGBB
+    void couleurPolice(int rvb); // 0xRRGGBB
     void alignementHorizontal(Alignement alignement);
     void alignementVertical(Alignement alignement);
     void orientation(int degres);

@@ -3,8 +3,8 @@
 
 #include "workbook/Classeur.h"
 
-#include <QString>
 #include <memory>
+#include <QString>
 
 // A failure of the spreadsheet application is an Erreur (platform/Erreur.h) with its words; a dead or hung instance too:
 // the next call to ouvrir or ajouter starts a fresh one.

@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Starts the program on its folders; without a display, plays the demonstration instead and says where its results are.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+construction=$PWD/build
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    # C:\Projet\ is the folder Projet of the user's home; what is there already is left as it is.
+    mkdir -p "$HOME/Projet"
+    cp -rn "$construction/installation/Projet/." "$HOME/Projet/"
+    exec "$construction/bin/ovralis"
+fi
+
+sortie=$construction/demonstration
+rm -rf "$sortie"
+mkdir -p "$sortie/captures"
+echo "No display: the demonstration is played instead (a laboratory's workbook is imported, a statistics report is made)."
+"$construction/bin/pilote" --racine "$sortie/C" --captures "$sortie/captures" tests/scenarios/demonstration.scn
+
+rapport=$sortie/C/Projet/Export/rapport_demonstration.xls
+profil=$(mktemp -d)
+trap 'rm -rf "$profil"' EXIT
+soffice "-env:UserInstallation=file://$profil" --headless --convert-to pdf --outdir "$sortie" "$rapport" >/dev/null 2>&1
+pdftoppm -png -r 80 "$sortie/rapport_demonstration.pdf" "$sortie/rapport"
+echo
+echo "Report:          $rapport"
+for image in "$sortie"/rapport-*.png; do
+    echo "Its picture:     $image"
+done
+echo "Screen captures: $sortie/captures/"
+ls "$sortie/captures" | sed 's/^/                 /'
