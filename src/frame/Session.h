@@ -2,6 +2,7 @@
 #pragma once
 
 #include "database/DataEnvironment1.h"
+#include "exchange/ImportSession.h"
 #include "platform/Chemins.h"
 #include "platform/Dialogue.h"
 #include "workbook/CoursRapport.h"
@@ -9,6 +10,7 @@
 
 #include <array>
 #include <QString>
+#include <QStringList>
 
 enum class TypeExport { Aucun = 0, PhysicoChimie = 1, Pesticides = 2, Hydrometrie = 3, Pluviometrie = 4 };
 enum class FormatExport { Aucun = 0, Tableur = 1, Sysiphe = 2, Trames = 3, Xml = 4 };
@@ -25,6 +27,12 @@ struct Session {
     QString ChaineFournisseur;
     QString VersionAccess;
 
+    // For the maps: their two folders and the situations that their dialogs offer.
+    QString CheminDessin;
+    QString CheminCarteTravail;
+    QStringList TypesCarte;
+    bool CalculCarteEnCours = false;
+
     TypeExport typeExport = TypeExport::Aucun;
     FormatExport formatExport = FormatExport::Aucun;
 
@@ -39,6 +47,8 @@ struct Session {
     std::array<int, 40> CouleurR{};
     std::array<int, 40> CouleurG{};
     std::array<int, 40> CouleurB{};
+
+    ImportSession importSession;
 
     Dialogue &dialogue;
     DataEnvironment1 donnees;
