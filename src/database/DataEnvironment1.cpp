@@ -1,1 +1,127 @@
 #include "database/DataEnvironment1.h"
+
+#include "database/Collation.h"
+#include "database/Commandes.h"
+#include "database/Schema.h"
+#include "platform/Erreur.h"
+
+#include <atomic>
+#include <QFile>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <sqlite3.h>
+
+struct DataEnvironment1::Etat {
+    QString nom;
+    QSqlDatabase base;
+
+    sqlite3 *poignee() const
+    {
+        const QVariant v = base.driver()->handle();
+        return *static_cast<sqlite3 *const *>(v.constData());
+    }
+};
+
+namespace
+{
+// How long a statement waits for another program that is writing.
+constexpr int ATTENTE_VERROU_MS = 2000;
+
+QString nomDeConnexion()
+{
+    static std::atomic<int> numero = 0;
+    return QStringLiteral("Connect_Bdd_%1").arg(++numero);
+}
+} // namespace
+
+DataEnvironment1::DataEnvironment1() = default;
+
+DataEnvironment1::~DataEnvironment1()
+{
+    liberer();
+}
+
+void DataEnvironment1::ouvrir(const QString &cheminHote)
+{
+    liberer();
+    if (!QFile::exists(cheminHote))
+        throw Erreur(SQLITE_CANTOPEN, QStringLiteral("Le fichier « %1 » n'existe pas.").arg(cheminHote));
+    auto etat = std::make_unique<Etat>();
+    etat->nom = nomDeConnexion();
+    etat->base = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), etat->nom);
+    etat->base.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(ATTENTE_VERROU_MS));
+    etat->base.setDatabaseName(cheminHote);
+    m_etat = std::move(etat);
+    try {
+        if (!m_etat->base.open()) {
+            const QSqlError erreur = m_etat->base.lastError();
+            throw Erreur(erreur.nativeErrorCode().toInt(), erreur.databaseText());
+        }
+        Collation::installer(m_etat->poignee());
+        executer(QStringLiteral("PRAGMA foreign_keys = ON"));
+        executer(QStringLiteral("PRAGMA journal_mode = WAL"));
+        executer(QStringLiteral("PRAGMA synchronous = NORMAL"));
+        // A row-by-row import fills the journal fast; each folding waits for the disk.
+        executer(QStringLiteral("PRAGMA wal_autocheckpoint = 8000"));
+        executer(QStringLiteral("PRAGMA cache_size = -32000"));
+    } catch (...) {
+        liberer();
+        throw;
+    }
+}
+
+void DataEnvironment1::creer(const QString &cheminHote)
+{
+    QFile fichier(cheminHote);
+    if (!fichier.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        throw Erreur(SQLITE_CANTOPEN, fichier.errorString());
+    fichier.close();
+    try {
+        ouvrir(cheminHote);
+        Schema::creer(Connect_Bdd());
+    } catch (...) {
+        liberer();
+        QFile::remove(cheminHote);
+        throw;
+    }
+}
+
+void DataEnvironment1::liberer()
+{
+    if (!m_etat)
+        return;
+    const QString nom = m_etat->nom;
+    // Closing the last connection folds the journal back and removes it.
+    m_etat->base.close();
+    m_etat.reset();
+    QSqlDatabase::removeDatabase(nom);
+}
+
+bool DataEnvironment1::estOuvert() const
+{
+    return m_etat && m_etat->base.isOpen();
+}
+
+const QSqlDatabase &DataEnvironment1::Connect_Bdd() const
+{
+    static const QSqlDatabase aucune;
+    return m_etat ? m_etat->base : aucune;
+}
+
+Requete DataEnvironment1::commande(const QString &nom) const
+{
+    const QString sql = source(nom);
+    if (sql.isEmpty())
+        throw Erreur(0, QStringLiteral("Commande inconnue : ") + nom);
+    return executer(sql);
+}
+
+QString DataEnvironment1::source(const QString &nom)
+{
+    return Commandes::source(nom);
+}
+
+Requete DataEnvironment1::executer(const QString &sql, const QVariantList &parametres) const
+{
+    return Requete(Connect_Bdd(), sql, parametres);
+}
