@@ -40,6 +40,8 @@ struct Session {
     int ModeSaisie = 1;
     int OrigineSaisie = 0;
     bool ModeIntervenant = false;
+    // Set while a screen is being reset by its Vider routine: the handlers of its lists then do nothing.
+    bool ViderEnCours = false;
     // Set during the last two steps of the main window's load only.
     bool ChargementEnCours = false;
 

@@ -1,1 +1,0 @@
-#include "frame/Cadre.h"
