@@ -1,0 +1,10 @@
+// The reference content that every new base holds.
+#pragma once
+
+#include <QString>
+
+class QSqlDatabase;
+
+// Loads the tables of donnees/referentiel into an empty store: fractions, units, parameters and their units, SEQ-Eau
+// grids, drinking-water norms and departments.
+void chargerReferentiel(const QSqlDatabase &base, const QString &dossier);
