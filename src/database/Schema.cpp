@@ -92,8 +92,9 @@ QString Schema::instructionIndex(const Index &index)
     QStringList colonnes;
     for (const QString &c : index.colonnes)
         colonnes << entreCrochets(c);
-    return QStringLiteral("CREATE INDEX %1 ON %2 (%3)")
-        .arg(index.nom, entreCrochets(index.table), colonnes.join(QLatin1String(", ")));
+    return QStringLiteral("CREATE INDEX %1 ON %2 (%3)%4")
+        .arg(index.nom, entreCrochets(index.table), colonnes.join(QLatin1String(", ")),
+             index.condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + index.condition);
 }
 
 QString Schema::instructionVueParametrePhyto()

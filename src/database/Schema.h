@@ -58,6 +58,7 @@ struct Index {
     QString nom;
     QString table;
     QStringList colonnes;
+    QString condition = {}; // the rows it holds; empty: all
 };
 
 const QList<Table> &tables();

@@ -313,8 +313,9 @@ const QList<CleEtrangere> &Schema::clesEtrangeres()
 const QList<Index> &Schema::index()
 {
     static const QList<Index> liste = [] {
-        const auto i = [](const char *nom, const char *table, const QStringList &colonnes) {
-            return Index{QString::fromLatin1(nom), QString::fromLatin1(table), colonnes};
+        const auto i = [](const char *nom, const char *table, const QStringList &colonnes,
+                          const QString &condition = {}) {
+            return Index{QString::fromLatin1(nom), QString::fromLatin1(table), colonnes, condition};
         };
         return QList<Index>{
             i("IX_PRELEVEMENT_STATION", "PRELEVEMENT",
@@ -323,7 +324,13 @@ const QList<Index> &Schema::index()
             i("IX_MESURE_PHYSICO_PREL", "MESURE_PHYSICO",
               {QStringLiteral("NumPrel"), QStringLiteral("CodeParam")}),
             i("IX_MESURE_PHYSICO_PARAM", "MESURE_PHYSICO", {QStringLiteral("CodeParam")}),
-            i("IX_MESURE_PHYSICO_GEST", "MESURE_PHYSICO", {QStringLiteral("CodeSandreGest")}),
+            // With the parameter, which tells pesticides apart: the managers and the comments that a screen offers are
+            // found by jumping from pair to pair, whatever the number of results.
+            i("IX_MESURE_PHYSICO_GEST", "MESURE_PHYSICO",
+              {QStringLiteral("CodeSandreGest"), QStringLiteral("CodeParam")}),
+            i("IX_MESURE_PHYSICO_COMM", "MESURE_PHYSICO",
+              {QStringLiteral("CommResAnaPC"), QStringLiteral("CodeParam")},
+              QStringLiteral("CommResAnaPC <> ''")),
             i("IX_PRELEVEMENTRSX_PREL", "PRELEVEMENTRSX",
               {QStringLiteral("NumPrel"), QStringLiteral("CodeReseau")}),
             i("IX_PRELEVEMENTRSX_RESEAU", "PRELEVEMENTRSX", {QStringLiteral("CodeReseau")}),
