@@ -14,6 +14,8 @@
 struct DataEnvironment1::Etat {
     QString nom;
     QSqlDatabase base;
+    QHash<QString, std::shared_ptr<Requete>> preparees;
+    std::unique_ptr<Memoire> memoire;
 
     sqlite3 *poignee() const
     {
@@ -31,6 +33,14 @@ QString nomDeConnexion()
 {
     static std::atomic<int> numero = 0;
     return QStringLiteral("Connect_Bdd_%1").arg(++numero);
+}
+
+QString sourceConnue(const QString &commande)
+{
+    const QString sql = Commandes::source(commande);
+    if (sql.isEmpty())
+        throw Erreur(0, QStringLiteral("Commande inconnue : ") + commande);
+    return sql;
 }
 } // namespace
 
@@ -64,6 +74,7 @@ void DataEnvironment1::ouvrir(const QString &cheminHote)
         // A row-by-row import fills the journal fast; each folding waits for the disk.
         executer(QStringLiteral("PRAGMA wal_autocheckpoint = 8000"));
         executer(QStringLiteral("PRAGMA cache_size = -32000"));
+        m_etat->memoire = std::make_unique<Memoire>(m_etat->poignee());
     } catch (...) {
         liberer();
         throw;
@@ -91,6 +102,8 @@ void DataEnvironment1::liberer()
     if (!m_etat)
         return;
     const QString nom = m_etat->nom;
+    m_etat->preparees.clear();
+    m_etat->memoire.reset();
     // Closing the last connection folds the journal back and removes it.
     m_etat->base.close();
     m_etat.reset();
@@ -110,10 +123,7 @@ const QSqlDatabase &DataEnvironment1::Connect_Bdd() const
 
 Requete DataEnvironment1::commande(const QString &nom) const
 {
-    const QString sql = source(nom);
-    if (sql.isEmpty())
-        throw Erreur(0, QStringLiteral("Commande inconnue : ") + nom);
-    return executer(sql);
+    return executer(sourceConnue(nom));
 }
 
 QString DataEnvironment1::source(const QString &nom)
@@ -123,5 +133,53 @@ QString DataEnvironment1::source(const QString &nom)
 
 Requete DataEnvironment1::executer(const QString &sql, const QVariantList &parametres) const
 {
+    verifierOuverte();
     return Requete(Connect_Bdd(), sql, parametres);
+}
+
+Requete &DataEnvironment1::preparee(const QString &sql) const
+{
+    verifierOuverte();
+    std::shared_ptr<Requete> &requete = m_etat->preparees[sql];
+    if (!requete) {
+        try {
+            requete = std::make_shared<Requete>(Connect_Bdd(), sql);
+        } catch (...) {
+            m_etat->preparees.remove(sql);
+            throw;
+        }
+    }
+    return *requete;
+}
+
+QVariant DataEnvironment1::valeur(const QString &sql, const QVariantList &parametres) const
+{
+    Requete &requete = preparee(sql);
+    requete.executer(parametres);
+    const QVariant valeur = requete.suivant() ? requete.valeur(0) : QVariant();
+    requete.finir();
+    return valeur;
+}
+
+std::shared_ptr<const TableMemoire> DataEnvironment1::enMemoire(const QString &commande) const
+{
+    verifierOuverte();
+    return m_etat->memoire->table(sourceConnue(commande));
+}
+
+void DataEnvironment1::oublierMemoire() const
+{
+    if (m_etat)
+        m_etat->memoire->oublier();
+}
+
+qint64 DataEnvironment1::nombreLignes(const QString &commande) const
+{
+    return valeur(QStringLiteral("SELECT count(*) FROM (%1)").arg(sourceConnue(commande))).toLongLong();
+}
+
+void DataEnvironment1::verifierOuverte() const
+{
+    if (!estOuvert())
+        throw Erreur(0, QStringLiteral("Aucune base de données n'est ouverte."));
 }

@@ -1,6 +1,7 @@
 // The one connection of the program and its named commands.
 #pragma once
 
+#include "database/Memoire.h"
 #include "database/Requete.h"
 
 #include <memory>
@@ -37,7 +38,23 @@ public:
     // Runs one statement on Connect_Bdd.
     Requete executer(const QString &sql, const QVariantList &parametres = {}) const;
 
+    // A statement that is prepared once and kept as long as the connection: for loops over thousands of rows. The caller
+    // runs it with executer() and ends with finir(); it must not be run again while its rows are being read.
+    Requete &preparee(const QString &sql) const;
+    // First column of the first row of such a statement; invalid when there is no row.
+    QVariant valeur(const QString &sql, const QVariantList &parametres = {}) const;
+
+    // The rows of a named command, kept in memory and read again when what they come from has changed.
+    std::shared_ptr<const TableMemoire> enMemoire(const QString &commande) const;
+    // To call after a table was altered by a statement of ours.
+    void oublierMemoire() const;
+
+    // Number of rows that a named command gives.
+    qint64 nombreLignes(const QString &commande) const;
+
 private:
+    void verifierOuverte() const;
+
     struct Etat;
     std::unique_ptr<Etat> m_etat;
 };

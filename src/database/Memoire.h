@@ -1,0 +1,74 @@
+// Named commands read once and kept in memory, for lookups that come by the thousand.
+#pragma once
+
+#include <memory>
+#include <QByteArray>
+#include <QHash>
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+// The rows of a command, in its order.
+class TableMemoire
+{
+public:
+    TableMemoire(QStringList colonnes, QList<QVariantList> lignes);
+
+    qsizetype nombreLignes() const { return m_lignes.size(); }
+    QVariant valeur(qsizetype ligne, const QString &colonne) const;
+    QString texte(qsizetype ligne, const QString &colonne) const { return valeur(ligne, colonne).toString(); }
+
+    // Rows whose column equals this value, whatever the case of its letters (É = é), in order.
+    const QList<qsizetype> &toutes(const QString &colonne, const QString &valeur) const;
+    // The first of them, or -1.
+    qsizetype premiere(const QString &colonne, const QString &valeur) const;
+
+private:
+    qsizetype position(const QString &colonne) const;
+
+    QStringList m_colonnes;
+    QList<QVariantList> m_lignes;
+    // For each column searched so far: folded value to rows.
+    mutable QHash<qsizetype, QHash<QString, QList<qsizetype>>> m_index;
+};
+
+// Keeps such tables for one connection, and reads one again when a table behind it has changed. Changes of this connection
+// are told by the engine table by table, so that an import does not make it reread the reference tables; those of other
+// connections by "PRAGMA data_version".
+class Memoire
+{
+public:
+    explicit Memoire(sqlite3 *base);
+    ~Memoire();
+    Memoire(const Memoire &) = delete;
+    Memoire &operator=(const Memoire &) = delete;
+
+    std::shared_ptr<const TableMemoire> table(const QString &sql);
+    // Everything is read again at its next use (a table was altered).
+    void oublier() { ++m_generation; }
+
+private:
+    struct Entree {
+        std::shared_ptr<const TableMemoire> table;
+        QList<QByteArray> tables; // what the statement reads, in small letters
+        quint64 generation = 0;
+        quint64 changements = 0;
+    };
+
+    void voirLesChangements();
+    quint64 changements(const QList<QByteArray> &tables) const;
+    Entree lire(const QString &sql) const;
+
+    sqlite3 *m_base;
+    sqlite3_stmt *m_versionDonnees = nullptr;
+    qint64 m_derniereVersion = -1;
+    qint64 m_totalVu = 0;     // the engine's count of changed rows
+    qint64 m_annonces = 0;    // changed rows that the engine has announced since
+    quint64 m_generation = 0; // moves when anything may have changed
+    QHash<QByteArray, quint64> m_parTable;
+    QHash<QString, Entree> m_entrees;
+};
