@@ -146,7 +146,7 @@ void Banc::remplirElements(const QSqlDatabase &base) const
     Insertion(base, "BASSIN_VERSANT", {"NumBV", "NomBV", "SuperfBV"}).ligne({1, BASSIN, 176.9});
     Insertion(base, "LIEU_BASSIN_VERSANT", {"Bassin_versant"}).ligne({BASSIN});
     Insertion(base, "OBJECTIF", {"NumBV", "CodeParam", "CD_FRACTION", "MoyObjf", "MaxObjf"})
-        .ligne({1, "1340", "0", 25, 40});
+        .ligne({1, "1340", "0", 25, 35});
     Insertion intervenant(base, "INTERVENANT", {"CodeSandreInterv", "NomInterv", "StatutInterv"});
     const QStringList noms = intervenants();
     for (qsizetype i = 0; i < noms.size(); ++i)
