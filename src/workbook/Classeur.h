@@ -4,26 +4,37 @@
 #include "workbook/Feuille.h"
 
 #include <memory>
+#include <optional>
 #include <QString>
 #include <QStringList>
 
-// Closed without saving when destroyed.
+// Closed without saving when destroyed. Sheets and ranges got from it stay handles on it, and fail once it is closed.
 class Classeur
 {
 public:
     class Donnees;
-    explicit Classeur(std::unique_ptr<Donnees> donnees);
+    explicit Classeur(std::shared_ptr<Donnees> donnees);
     ~Classeur();
+    Classeur(const Classeur &) = delete;
+    Classeur &operator=(const Classeur &) = delete;
 
-    // Saves under this host path in the .xls format; the workbook then bears that name. An existing file is replaced.
+    // Saves under this host path; the workbook then bears that name. An existing file is replaced. The format is .xls,
+    // unless the name ends in ".xlsx" or ".ods". An Erreur tells what is in the way (a folder that cannot be written,
+    // a file open in another program, a full disk), and a file that was there is then untouched.
     void enregistrerSous(const QString &cheminHote);
+    // Saves under the name that it bears.
     void enregistrer();
+    void exporterPdf(const QString &cheminHote);
     void fermer();
+
+    // Host path of the file; empty for one never saved.
+    QString chemin() const;
 
     QStringList feuilles() const;
     // A sheet by its name, or by its position from 1. An absent one is an Erreur.
     Feuille feuille(const QString &nom) const;
     Feuille feuille(int position) const;
+    // Adds a sheet after the others.
     Feuille ajouterFeuille(const QString &nom);
 
     // The range behind a defined name ("reseau_sandre"), or nothing.
@@ -31,5 +42,5 @@ public:
     void nommerPlage(const QString &nom, const Plage &plage);
 
 private:
-    std::unique_ptr<Donnees> m_donnees;
+    std::shared_ptr<Donnees> m_donnees;
 };

@@ -42,14 +42,27 @@ enum class FinRapport {
 struct CommandeRapport {
     QString modele; // file name of the template, "rapport.xls"
     FinRapport fin = FinRapport::Rapport;
-    // Fills the workbook. Returns the number of measures written: 0 means that nothing was, and the command then shows
-    // `avertissementVide` under "Attention" and leaves no file.
+    // Replaces the closing message's text, where a product has words of its own.
+    QString texteFin;
+    // Fills the workbook, already saved under its name. Returns the number of measures written: 0 means that nothing
+    // was, and the command then shows `avertissementVide` under "Attention" (nothing where it is empty) and leaves no
+    // file. What it throws ends the report: see below.
     std::function<int(Classeur &)> remplir;
     QString avertissementVide;
 };
 
 // Asks for the output name, opens the template, saves it at once under that name, fills, saves, closes, tells, shows.
-// A cancelled dialog ends it quietly; a failure ends as told, the spreadsheet let go, and no half file left.
+// A cancelled dialog ends it quietly. Otherwise there are three ways to end badly, none of which leaves a file:
+//   - what `remplir` throws as an Erreur: "Une erreur s'est produite en cours de traitement : " and its words;
+//   - the spreadsheet absent, unable to start, killed or hung at any moment, filling included, the template missing,
+//     a save refused: "Erreur de l'application"; the reason stays as the main window's status text;
+//   - nothing written: the command's own warning.
+// EtatRapport is set from the dialog's answer to the end, whatever happens; a second call meanwhile does nothing.
+//
+//     CommandeRapport commande;
+//     commande.modele = QStringLiteral("rapport.xls");
+//     commande.remplir = [&](Classeur &classeur) { return remplirRapport(classeur, resultat); };
+//     CoursRapport(session.dialogue, session.tableur, session.dossiers, session.etatRapport).executer(commande);
 class CoursRapport
 {
 public:
@@ -58,6 +71,9 @@ public:
     bool executer(const CommandeRapport &commande);
 
 private:
+    std::optional<QString> demanderNom();
+    bool produire(const CommandeRapport &commande, const QString &chemin);
+
     Dialogue &m_dialogue;
     Tableur &m_tableur;
     DossiersRecents &m_dossiers;

@@ -14,8 +14,9 @@ struct ErreurCellule {
 };
 Q_DECLARE_METATYPE(ErreurCellule)
 
-// Rows of cells. Values are: an invalid QVariant (empty), double, QString, QDateTime (a cell formatted as a date),
-// QTime (formatted as a time alone), ErreurCellule.
+// Rows of cells. Values are: an invalid QVariant (empty), double, QString, QDateTime (a cell formatted as a date; in
+// UTC, so that no hour is lost to a change of clock: read its date() and time()), QTime (formatted as a time alone),
+// ErreurCellule. Times are rounded to the second.
 using Valeurs = QVector<QVector<QVariant>>;
 
 // Edges of a range, as the spreadsheet numbers them.
@@ -50,9 +51,13 @@ public:
     // Read: one round trip for the whole range (and one for its formats).
     Valeurs valeurs() const;
     QVariant valeur() const; // of the first cell
+    // One cell of the range, counted from 1 inside it.
+    Plage cellule(int ligne, int colonne) const;
 
     // Write one value into every cell. A text is never read as a formula; a QDate or QDateTime becomes a date value
-    // with the format "dd/mm/yyyy" unless the cell has a date format already; an invalid QVariant empties the cell.
+    // with the format "dd/mm/yyyy" ("dd/mm/yyyy hh:mm" with a time of day) unless the cell has a date format already,
+    // a QTime likewise "hh:mm"; an invalid QVariant empties the cell, its format stays; a number that is not finite
+    // becomes the error #N/A.
     void ecrire(const QVariant &valeur);
     // Write a rectangle of the range's own size.
     void ecrire(const Valeurs &valeurs);
@@ -80,6 +85,8 @@ public:
     int couleurFond() const;
     void bord(Bord bord, TraitBord trait, EpaisseurBord epaisseur = EpaisseurBord::Fin,
               int indexCouleur = COULEUR_AUTOMATIQUE);
+
+    const Donnees &donnees() const { return *m_donnees; }
 
 private:
     std::shared_ptr<Donnees> m_donnees;

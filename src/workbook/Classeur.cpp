@@ -1,0 +1,291 @@
+#include "workbook/Classeur.h"
+
+#include "platform/Chemins.h"
+#include "workbook/DonneesClasseur.h"
+
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/lang/Locale.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XCellRangeReferrer.hpp>
+#include <com/sun/star/sheet/XNamedRanges.hpp>
+#include <com/sun/star/sheet/XSpreadsheets.hpp>
+#include <com/sun/star/util/Date.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
+#include <com/sun/star/util/XNumberFormats.hpp>
+#include <com/sun/star/util/XNumberFormatsSupplier.hpp>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStorageInfo>
+
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::UNO_QUERY_THROW;
+
+namespace
+{
+enum Numero { FeuilleAbsente = 30, PasEnregistre, DejaFerme, NomRefuse };
+
+// What keeps a file from being written, in words; empty when nothing is known to.
+QString obstacle(const QString &chemin)
+{
+    const QFileInfo info(chemin);
+    const QString dossier = QDir::toNativeSeparators(info.absolutePath());
+    if (!QFileInfo(info.absolutePath()).isDir())
+        return QStringLiteral("le dossier « %1 » n'existe pas.").arg(dossier);
+    if (info.exists() && !info.isWritable())
+        return QStringLiteral("ce fichier est protégé contre l'écriture.");
+    if (!info.exists() && !QFileInfo(info.absolutePath()).isWritable())
+        return QStringLiteral("le dossier « %1 » est protégé contre l'écriture.").arg(dossier);
+    // LibreOffice says with this file that it holds a document open; its first field names the user.
+    QFile verrou(QStringLiteral("%1/.~lock.%2#").arg(info.absolutePath(), info.fileName()));
+    if (info.exists() && verrou.exists()) {
+        QString par;
+        if (verrou.open(QIODevice::ReadOnly))
+            par = QString::fromUtf8(verrou.read(200)).section(QLatin1Char(','), 0, 0).trimmed();
+        return QStringLiteral("ce fichier est ouvert dans un autre programme%1. Fermez-le, puis recommencez.")
+            .arg(par.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(par));
+    }
+    // A program that locks what it holds open refuses a second writer.
+    QFile essai(chemin);
+    if (info.exists() && !essai.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+        return QStringLiteral("ce fichier est ouvert dans un autre programme. Fermez-le, puis recommencez.");
+    return {};
+}
+
+QString motifEchec(const QString &chemin, const QString &raison)
+{
+    constexpr qint64 PLACE_MINIMALE = 1'000'000;
+    const qint64 libre = QStorageInfo(QFileInfo(chemin).absolutePath()).bytesAvailable();
+    if (libre >= 0 && libre < PLACE_MINIMALE)
+        return QStringLiteral("le disque est plein.");
+    return raison.isEmpty() ? QStringLiteral("l'écriture a échoué.") : raison;
+}
+
+rtl::OUString filtrePour(const QString &chemin)
+{
+    const QString extension = QFileInfo(chemin).suffix().toLower();
+    if (extension == QLatin1String("xlsx"))
+        return "Calc MS Excel 2007 XML";
+    if (extension == QLatin1String("ods"))
+        return "calc8";
+    return "MS Excel 97";
+}
+
+void ecrireFichier(Classeur::Donnees &donnees, const QString &chemin, const rtl::OUString &filtre,
+                   bool exporter)
+{
+    const auto refuser = [&chemin](const QString &raison) {
+        throw Erreur(PasEnregistre, QStringLiteral("Le fichier « %1 » ne peut pas être enregistré : %2")
+                                        .arg(Chemins::titre(chemin), raison));
+    };
+    donnees.ouvert();
+    if (const QString raison = obstacle(chemin); !raison.isEmpty())
+        refuser(raison);
+    try {
+        donnees.instance->appeler(donnees.instance->delais().fichier, [&] {
+            const Reference<css::frame::XStorable> stockable(donnees.document, UNO_QUERY_THROW);
+            const rtl::OUString url =
+                versUno(InstallationCalc::urlDossier(QFileInfo(chemin).absoluteFilePath()));
+            const auto options =
+                description({propriete("FilterName", Any(filtre)), propriete("Overwrite", Any(true))});
+            if (exporter)
+                stockable->storeToURL(url, options);
+            else
+                stockable->storeAsURL(url, options);
+        });
+    } catch (const ErreurTableur &) {
+        throw;
+    } catch (const Erreur &e) {
+        refuser(motifEchec(chemin, e.description()));
+    }
+}
+} // namespace
+
+Classeur::Donnees::Donnees(std::shared_ptr<InstanceCalc> instanceCalc,
+                           const Reference<css::sheet::XSpreadsheetDocument> &doc, QString cheminHote,
+                           bool lecture)
+    : instance(std::move(instanceCalc)), document(doc), chemin(std::move(cheminHote)), lectureSeule(lecture)
+{
+    css::util::Date origine(30, 12, 1899);
+    Reference<css::beans::XPropertySet>(doc, UNO_QUERY_THROW)->getPropertyValue("NullDate") >>= origine;
+    origineDates = QDate(origine.Year, origine.Month, origine.Day);
+}
+
+const Reference<css::sheet::XSpreadsheetDocument> &Classeur::Donnees::ouvert() const
+{
+    if (!document.is())
+        throw Erreur(DejaFerme, QStringLiteral("Le classeur est déjà fermé."));
+    return document;
+}
+
+sal_Int32 Classeur::Donnees::cleFormat(const QString &format)
+{
+    if (const auto connue = m_cles.constFind(format); connue != m_cles.constEnd())
+        return *connue;
+    const Reference<css::util::XNumberFormatsSupplier> fournisseur(document, UNO_QUERY_THROW);
+    const Reference<css::util::XNumberFormats> formats = fournisseur->getNumberFormats();
+    const css::lang::Locale anglais("en", "US", rtl::OUString());
+    sal_Int32 cle = formats->queryKey(versUno(format), anglais, false);
+    if (cle < 0)
+        cle = formats->addNew(versUno(format), anglais);
+    m_cles.insert(format, cle);
+    return cle;
+}
+
+sal_Int16 Classeur::Donnees::typeFormat(sal_Int32 cle)
+{
+    if (const auto connu = m_types.constFind(cle); connu != m_types.constEnd())
+        return *connu;
+    const Reference<css::util::XNumberFormatsSupplier> fournisseur(document, UNO_QUERY_THROW);
+    sal_Int16 type = 0;
+    fournisseur->getNumberFormats()->getByKey(cle)->getPropertyValue("Type") >>= type;
+    m_types.insert(cle, type);
+    return type;
+}
+
+Classeur::Classeur(std::shared_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
+
+Classeur::~Classeur()
+{
+    try {
+        fermer();
+    } catch (const Erreur &) {
+        // The instance is gone, and the workbook with it.
+    }
+}
+
+void Classeur::enregistrerSous(const QString &cheminHote)
+{
+    ecrireFichier(*m_donnees, cheminHote, filtrePour(cheminHote), false);
+    m_donnees->chemin = cheminHote;
+    m_donnees->lectureSeule = false;
+}
+
+void Classeur::enregistrer()
+{
+    if (m_donnees->lectureSeule || m_donnees->chemin.isEmpty())
+        throw Erreur(PasEnregistre,
+                     QStringLiteral("Ce classeur est ouvert en lecture seule ou n'a pas encore de nom : "
+                                    "il ne peut pas être enregistré."));
+    ecrireFichier(*m_donnees, m_donnees->chemin, filtrePour(m_donnees->chemin), false);
+}
+
+void Classeur::exporterPdf(const QString &cheminHote)
+{
+    ecrireFichier(*m_donnees, cheminHote, "calc_pdf_Export", true);
+}
+
+void Classeur::fermer()
+{
+    if (!m_donnees->document.is())
+        return;
+    const Reference<css::sheet::XSpreadsheetDocument> document = m_donnees->document;
+    m_donnees->document.clear();
+    m_donnees->instance->appeler(
+        [&document] { Reference<css::util::XCloseable>(document, UNO_QUERY_THROW)->close(true); });
+}
+
+QString Classeur::chemin() const
+{
+    return m_donnees->chemin;
+}
+
+QStringList Classeur::feuilles() const
+{
+    return m_donnees->instance->appeler([this] {
+        QStringList noms;
+        const css::uno::Sequence<rtl::OUString> lus = m_donnees->ouvert()->getSheets()->getElementNames();
+        for (const rtl::OUString &nom : lus)
+            noms.append(versQt(nom));
+        return noms;
+    });
+}
+
+Feuille Classeur::feuille(const QString &nom) const
+{
+    return m_donnees->instance->appeler([&] {
+        const Reference<css::sheet::XSpreadsheets> toutes = m_donnees->ouvert()->getSheets();
+        if (!toutes->hasByName(versUno(nom)))
+            throw Erreur(FeuilleAbsente, QStringLiteral("Le classeur n'a pas de feuille « %1 ».").arg(nom));
+        const Reference<css::sheet::XSpreadsheet> trouvee(toutes->getByName(versUno(nom)), UNO_QUERY_THROW);
+        return Feuille(std::make_shared<Feuille::Donnees>(Feuille::Donnees{m_donnees, trouvee}));
+    });
+}
+
+Feuille Classeur::feuille(int position) const
+{
+    return m_donnees->instance->appeler([&] {
+        const Reference<css::container::XIndexAccess> toutes(m_donnees->ouvert()->getSheets(),
+                                                             UNO_QUERY_THROW);
+        if (position < 1 || position > toutes->getCount())
+            throw Erreur(FeuilleAbsente,
+                         QStringLiteral("Le classeur n'a pas de feuille n° %1.").arg(position));
+        const Reference<css::sheet::XSpreadsheet> trouvee(toutes->getByIndex(position - 1), UNO_QUERY_THROW);
+        return Feuille(std::make_shared<Feuille::Donnees>(Feuille::Donnees{m_donnees, trouvee}));
+    });
+}
+
+Feuille Classeur::ajouterFeuille(const QString &nom)
+{
+    m_donnees->instance->appeler([&] {
+        const Reference<css::sheet::XSpreadsheets> toutes = m_donnees->ouvert()->getSheets();
+        if (toutes->hasByName(versUno(nom)))
+            throw Erreur(NomRefuse, QStringLiteral("Le classeur a déjà une feuille « %1 ».").arg(nom));
+        const Reference<css::container::XIndexAccess> parPosition(toutes, UNO_QUERY_THROW);
+        toutes->insertNewByName(versUno(nom), static_cast<sal_Int16>(parPosition->getCount()));
+    });
+    return feuille(nom);
+}
+
+std::optional<Plage> Classeur::plageNommee(const QString &nom) const
+{
+    return m_donnees->instance->appeler([&]() -> std::optional<Plage> {
+        const Reference<css::container::XIndexAccess> toutes(m_donnees->ouvert()->getSheets(),
+                                                             UNO_QUERY_THROW);
+        // A name belongs to the workbook or, in files of other programs, to one sheet.
+        QVector<Reference<css::uno::XInterface>> porteurs{m_donnees->ouvert()};
+        for (sal_Int32 i = 0; i < toutes->getCount(); ++i)
+            porteurs.append(Reference<css::uno::XInterface>(toutes->getByIndex(i), UNO_QUERY_THROW));
+        for (const auto &porteur : porteurs) {
+            const Reference<css::container::XNameAccess> noms(
+                Reference<css::beans::XPropertySet>(porteur, UNO_QUERY_THROW)
+                    ->getPropertyValue("NamedRanges"),
+                UNO_QUERY_THROW);
+            if (!noms->hasByName(versUno(nom)))
+                continue;
+            const Reference<css::sheet::XCellRangeReferrer> nommee(noms->getByName(versUno(nom)),
+                                                                   css::uno::UNO_QUERY);
+            const Reference<css::table::XCellRange> plage =
+                nommee.is() ? nommee->getReferredCells() : nullptr;
+            if (!plage.is())
+                continue; // a name may stand for a formula or a constant
+            const css::table::CellRangeAddress lieu =
+                Reference<css::sheet::XCellRangeAddressable>(plage, UNO_QUERY_THROW)->getRangeAddress();
+            const Reference<css::sheet::XSpreadsheet> feuille(toutes->getByIndex(lieu.Sheet),
+                                                              UNO_QUERY_THROW);
+            auto donneesFeuille = std::make_shared<Feuille::Donnees>(Feuille::Donnees{m_donnees, feuille});
+            return Plage(std::make_shared<Plage::Donnees>(std::move(donneesFeuille), plage, lieu));
+        }
+        return std::nullopt;
+    });
+}
+
+void Classeur::nommerPlage(const QString &nom, const Plage &plage)
+{
+    m_donnees->instance->appeler([&] {
+        const css::table::CellRangeAddress &lieu = plage.donnees().adresse;
+        const Reference<css::sheet::XNamedRanges> noms(
+            Reference<css::beans::XPropertySet>(m_donnees->ouvert(), UNO_QUERY_THROW)
+                ->getPropertyValue("NamedRanges"),
+            UNO_QUERY_THROW);
+        if (noms->hasByName(versUno(nom)))
+            noms->removeByName(versUno(nom));
+        rtl::OUString adresse;
+        plage.donnees().lire("AbsoluteName") >>= adresse;
+        noms->addNewByName(versUno(nom), adresse,
+                           css::table::CellAddress(lieu.Sheet, lieu.StartColumn, lieu.StartRow), 0);
+    });
+}

@@ -1,0 +1,92 @@
+// What stands behind the handles Classeur, Feuille and Plage.
+// Needs the headers of the office: included by the sources of this folder only.
+#pragma once
+
+#include "workbook/Classeur.h"
+#include "workbook/InstanceCalc.h"
+#include "workbook/Uno.h"
+
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/sheet/XSpreadsheet.hpp>
+#include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
+#include <com/sun/star/table/CellRangeAddress.hpp>
+#include <com/sun/star/table/XCellRange.hpp>
+#include <QHash>
+
+class Classeur::Donnees
+{
+public:
+    Donnees(std::shared_ptr<InstanceCalc> instanceCalc,
+            const css::uno::Reference<css::sheet::XSpreadsheetDocument> &doc, QString cheminHote,
+            bool lecture);
+
+    // The document; an Erreur once it is closed.
+    const css::uno::Reference<css::sheet::XSpreadsheetDocument> &ouvert() const;
+    // Key of a number format given in its English form; made when the document lacks it.
+    sal_Int32 cleFormat(const QString &format);
+    // Type of a format (css::util::NumberFormat flags) by its key.
+    sal_Int16 typeFormat(sal_Int32 cle);
+
+    std::shared_ptr<InstanceCalc> instance;
+    css::uno::Reference<css::sheet::XSpreadsheetDocument> document; // empty once closed
+    QString chemin;
+    bool lectureSeule = false;
+    QDate origineDates; // the day numbered 0
+
+private:
+    QHash<QString, sal_Int32> m_cles;
+    QHash<sal_Int32, sal_Int16> m_types;
+};
+
+class Feuille::Donnees
+{
+public:
+    std::shared_ptr<Classeur::Donnees> classeur;
+    css::uno::Reference<css::sheet::XSpreadsheet> feuille;
+    // All calls to the application go through here.
+    template <class F> std::invoke_result_t<F> appeler(F &&appels) const
+    {
+        classeur->ouvert();
+        return classeur->instance->appeler(std::forward<F>(appels));
+    }
+};
+
+class Plage::Donnees
+{
+public:
+    Donnees(std::shared_ptr<Feuille::Donnees> feuilleDonnees,
+            const css::uno::Reference<css::table::XCellRange> &cellules,
+            const css::table::CellRangeAddress &lieu)
+        : feuille(std::move(feuilleDonnees)), plage(cellules), adresse(lieu)
+    {
+    }
+
+    // The same rectangle's part, rows counted from 0 inside it.
+    css::uno::Reference<css::table::XCellRange> tranche(int premiereLigne, int derniereLigne) const
+    {
+        return plage->getCellRangeByPosition(0, premiereLigne, adresse.EndColumn - adresse.StartColumn,
+                                             derniereLigne);
+    }
+    void definir(const char *propriete, const css::uno::Any &valeur) const
+    {
+        appeler([&] {
+            css::uno::Reference<css::beans::XPropertySet>(plage, css::uno::UNO_QUERY_THROW)
+                ->setPropertyValue(rtl::OUString::createFromAscii(propriete), valeur);
+        });
+    }
+    css::uno::Any lire(const char *propriete) const
+    {
+        return appeler([&] {
+            return css::uno::Reference<css::beans::XPropertySet>(plage, css::uno::UNO_QUERY_THROW)
+                ->getPropertyValue(rtl::OUString::createFromAscii(propriete));
+        });
+    }
+    template <class F> std::invoke_result_t<F> appeler(F &&appels) const
+    {
+        return feuille->appeler(std::forward<F>(appels));
+    }
+
+    std::shared_ptr<Feuille::Donnees> feuille;
+    css::uno::Reference<css::table::XCellRange> plage;
+    css::table::CellRangeAddress adresse; // from 0
+};

@@ -1,0 +1,141 @@
+#include "workbook/Feuille.h"
+
+#include "workbook/DonneesClasseur.h"
+
+#include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/lang/IndexOutOfBoundsException.hpp>
+#include <com/sun/star/sheet/CellFlags.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XCellRangesQuery.hpp>
+#include <com/sun/star/sheet/XSheetCellRanges.hpp>
+#include <com/sun/star/table/XColumnRowRange.hpp>
+
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::UNO_QUERY_THROW;
+
+namespace
+{
+enum Numero { HorsFeuille = 40 };
+
+Plage plageDe(const std::shared_ptr<Feuille::Donnees> &donnees,
+              const Reference<css::table::XCellRange> &cellules)
+{
+    const css::table::CellRangeAddress lieu =
+        Reference<css::sheet::XCellRangeAddressable>(cellules, UNO_QUERY_THROW)->getRangeAddress();
+    return Plage(std::make_shared<Plage::Donnees>(donnees, cellules, lieu));
+}
+
+Reference<css::table::XTableRows> lignesDe(const Feuille::Donnees &donnees)
+{
+    return Reference<css::table::XColumnRowRange>(donnees.feuille, UNO_QUERY_THROW)->getRows();
+}
+
+// The last row and column (from 1) that hold anything.
+std::pair<int, int> etendue(const Feuille::Donnees &donnees)
+{
+    constexpr sal_Int16 CONTENU = css::sheet::CellFlags::VALUE | css::sheet::CellFlags::DATETIME |
+                                  css::sheet::CellFlags::STRING | css::sheet::CellFlags::FORMULA;
+    return donnees.appeler([&] {
+        const auto pleines = Reference<css::sheet::XCellRangesQuery>(donnees.feuille, UNO_QUERY_THROW)
+                                 ->queryContentCells(CONTENU);
+        int ligne = 0;
+        int colonne = 0;
+        const css::uno::Sequence<css::table::CellRangeAddress> rectangles = pleines->getRangeAddresses();
+        for (const css::table::CellRangeAddress &rectangle : rectangles) {
+            ligne = qMax(ligne, rectangle.EndRow + 1);
+            colonne = qMax(colonne, rectangle.EndColumn + 1);
+        }
+        return std::pair(ligne, colonne);
+    });
+}
+} // namespace
+
+Feuille::Feuille(std::shared_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
+
+QString Feuille::nom() const
+{
+    return m_donnees->appeler([this] {
+        return versQt(Reference<css::container::XNamed>(m_donnees->feuille, UNO_QUERY_THROW)->getName());
+    });
+}
+
+void Feuille::renommer(const QString &nom)
+{
+    m_donnees->appeler([&] {
+        Reference<css::container::XNamed>(m_donnees->feuille, UNO_QUERY_THROW)->setName(versUno(nom));
+    });
+}
+
+Plage Feuille::cellule(int ligne, int colonne) const
+{
+    return plage(ligne, colonne, ligne, colonne);
+}
+
+Plage Feuille::plage(int ligne1, int colonne1, int ligne2, int colonne2) const
+{
+    return m_donnees->appeler([&] {
+        try {
+            return plageDe(m_donnees, m_donnees->feuille->getCellRangeByPosition(colonne1 - 1, ligne1 - 1,
+                                                                                 colonne2 - 1, ligne2 - 1));
+        } catch (const css::lang::IndexOutOfBoundsException &) {
+            throw Erreur(HorsFeuille, QStringLiteral("Les cellules L%1C%2 à L%3C%4 sont hors de la feuille.")
+                                          .arg(ligne1)
+                                          .arg(colonne1)
+                                          .arg(ligne2)
+                                          .arg(colonne2));
+        }
+    });
+}
+
+Plage Feuille::plage(const QString &adresse) const
+{
+    return m_donnees->appeler([&] {
+        try {
+            return plageDe(m_donnees, m_donnees->feuille->getCellRangeByName(versUno(adresse)));
+        } catch (const css::uno::RuntimeException &) {
+            if (!m_donnees->classeur->instance->numeroProcessus())
+                throw;
+            throw Erreur(HorsFeuille,
+                         QStringLiteral("« %1 » n'est pas une adresse de cellules.").arg(adresse));
+        }
+    });
+}
+
+void Feuille::insererLignes(int ligne, int nombre)
+{
+    m_donnees->appeler([&] { lignesDe(*m_donnees)->insertByIndex(ligne - 1, nombre); });
+}
+
+void Feuille::supprimerLignes(int ligne, int nombre)
+{
+    m_donnees->appeler([&] { lignesDe(*m_donnees)->removeByIndex(ligne - 1, nombre); });
+}
+
+int Feuille::derniereLigne() const
+{
+    return etendue(*m_donnees).first;
+}
+
+int Feuille::derniereColonne() const
+{
+    return etendue(*m_donnees).second;
+}
+
+void Feuille::hauteurLigne(int ligne, int centiemesMm)
+{
+    m_donnees->appeler([&] {
+        Reference<css::beans::XPropertySet>(lignesDe(*m_donnees)->getByIndex(ligne - 1), UNO_QUERY_THROW)
+            ->setPropertyValue("Height", Any(static_cast<sal_Int32>(centiemesMm)));
+    });
+}
+
+void Feuille::largeurColonne(int colonne, int centiemesMm)
+{
+    m_donnees->appeler([&] {
+        const auto colonnes =
+            Reference<css::table::XColumnRowRange>(m_donnees->feuille, UNO_QUERY_THROW)->getColumns();
+        Reference<css::beans::XPropertySet>(colonnes->getByIndex(colonne - 1), UNO_QUERY_THROW)
+            ->setPropertyValue("Width", Any(static_cast<sal_Int32>(centiemesMm)));
+    });
+}

@@ -1,0 +1,256 @@
+#include "workbook/Plage.h"
+
+#include "workbook/DonneesClasseur.h"
+#include "workbook/FormatsPlage.h"
+
+#include <cmath>
+#include <com/sun/star/sheet/CellDeleteMode.hpp>
+#include <com/sun/star/sheet/CellFlags.hpp>
+#include <com/sun/star/sheet/CellInsertMode.hpp>
+#include <com/sun/star/sheet/XCellRangeData.hpp>
+#include <com/sun/star/sheet/XCellRangeMovement.hpp>
+#include <com/sun/star/sheet/XSheetOperation.hpp>
+#include <com/sun/star/table/XCell.hpp>
+
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::Sequence;
+using css::uno::UNO_QUERY_THROW;
+
+namespace
+{
+enum Numero { TailleDifferente = 50, ValeurInconnue };
+
+// Cells moved in one message, whole rows: more would only swell both processes.
+constexpr int CELLULES_PAR_MESSAGE = 80'000;
+constexpr qint64 SECONDES_PAR_JOUR = 86'400;
+
+int lignesParMessage(int colonnes)
+{
+    return qMax(1, CELLULES_PAR_MESSAGE / qMax(1, colonnes));
+}
+
+Reference<css::sheet::XCellRangeData> cellulesDe(const Plage::Donnees &donnees, int premiere, int derniere)
+{
+    return {donnees.tranche(premiere, derniere), UNO_QUERY_THROW};
+}
+
+// Sign of an error by the spreadsheet's number for it.
+QString signeErreur(sal_Int32 numero)
+{
+    switch (numero) {
+    case 32767:
+        return QStringLiteral("#N/A");
+    case 532:
+        return QStringLiteral("#DIV/0!");
+    case 524:
+        return QStringLiteral("#REF!");
+    case 525:
+        return QStringLiteral("#NAME?");
+    case 519:
+        return QStringLiteral("#VALUE!");
+    case 503:
+        return QStringLiteral("#NUM!");
+    case 521:
+        return QStringLiteral("#NULL!");
+    default:
+        return QStringLiteral("#ERR%1").arg(numero);
+    }
+}
+
+QVariant nombreLu(double nombre, NatureFormat nature, const QDate &origine)
+{
+    constexpr double DERNIER_JOUR = 2'958'465; // 31/12/9999
+    if (nature == NatureFormat::Autre || !(nombre >= 0 && nombre < DERNIER_JOUR + 1))
+        return nombre;
+    const auto secondes = static_cast<qint64>(std::llround(nombre * SECONDES_PAR_JOUR));
+    const QTime heure = QTime(0, 0).addSecs(static_cast<int>(secondes % SECONDES_PAR_JOUR));
+    if (nature == NatureFormat::Heure)
+        return heure;
+    return QDateTime(origine.addDays(secondes / SECONDES_PAR_JOUR), heure, Qt::UTC);
+}
+
+// A value as a cell takes it, and the format that it calls for, if any.
+struct ValeurEcrite {
+    Any valeur;
+    const char *format = nullptr;
+};
+
+double fractionDuJour(const QTime &heure)
+{
+    return QTime(0, 0).msecsTo(heure) / (SECONDES_PAR_JOUR * 1000.0);
+}
+
+ValeurEcrite preparer(const QVariant &valeur, const QDate &origine)
+{
+    switch (valeur.typeId()) {
+    case QMetaType::UnknownType:
+        return {Any(rtl::OUString())};
+    case QMetaType::QString:
+        return {Any(versUno(valeur.toString()))};
+    case QMetaType::QDate:
+        if (!valeur.toDate().isValid())
+            return {Any(rtl::OUString())};
+        return {Any(static_cast<double>(origine.daysTo(valeur.toDate()))), "dd/mm/yyyy"};
+    case QMetaType::QDateTime: {
+        const QDateTime moment = valeur.toDateTime();
+        if (!moment.isValid())
+            return {Any(rtl::OUString())};
+        const double heure = fractionDuJour(moment.time());
+        return {Any(static_cast<double>(origine.daysTo(moment.date())) + heure),
+                heure > 0 ? "dd/mm/yyyy hh:mm" : "dd/mm/yyyy"};
+    }
+    case QMetaType::QTime:
+        if (!valeur.toTime().isValid())
+            return {Any(rtl::OUString())};
+        return {Any(fractionDuJour(valeur.toTime())), "hh:mm"};
+    default:
+        break;
+    }
+    bool estNombre = false;
+    const double nombre = valeur.toDouble(&estNombre);
+    if (!estNombre)
+        throw Erreur(ValeurInconnue,
+                     QStringLiteral("Une valeur de type « %1 » ne peut pas être écrite dans une cellule.")
+                         .arg(QLatin1String(valeur.typeName())));
+    return {std::isfinite(nombre) ? Any(nombre) : Any()}; // an empty one is written as #N/A
+}
+} // namespace
+
+Plage::Plage(std::shared_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
+
+int Plage::ligne() const
+{
+    return m_donnees->adresse.StartRow + 1;
+}
+
+int Plage::colonne() const
+{
+    return m_donnees->adresse.StartColumn + 1;
+}
+
+int Plage::lignes() const
+{
+    return m_donnees->adresse.EndRow - m_donnees->adresse.StartRow + 1;
+}
+
+int Plage::colonnes() const
+{
+    return m_donnees->adresse.EndColumn - m_donnees->adresse.StartColumn + 1;
+}
+
+Valeurs Plage::valeurs() const
+{
+    return m_donnees->appeler([this] {
+        const GrilleFormats natures(*m_donnees);
+        const QDate origine = m_donnees->feuille->classeur->origineDates;
+        const int pas = lignesParMessage(colonnes());
+        Valeurs valeurs(lignes());
+        for (int debut = 0; debut < lignes(); debut += pas) {
+            const int fin = qMin(debut + pas, lignes()) - 1;
+            const Sequence<Sequence<Any>> lues = cellulesDe(*m_donnees, debut, fin)->getDataArray();
+            for (int l = debut; l <= fin; ++l) {
+                const Sequence<Any> &cellules = lues[l - debut];
+                QVector<QVariant> &rangee = valeurs[l];
+                rangee.resize(colonnes());
+                for (int c = 0; c < colonnes(); ++c) {
+                    const Any &cellule = cellules[c];
+                    if (rtl::OUString texte; cellule >>= texte) {
+                        if (!texte.isEmpty())
+                            rangee[c] = versQt(texte);
+                    } else if (double nombre = 0; cellule >>= nombre) {
+                        rangee[c] = nombreLu(nombre, natures.nature(l, c), origine);
+                    } else { // an error has no value
+                        rangee[c] = QVariant::fromValue(ErreurCellule{
+                            signeErreur(m_donnees->plage->getCellByPosition(c, l)->getError())});
+                    }
+                }
+            }
+        }
+        return valeurs;
+    });
+}
+
+QVariant Plage::valeur() const
+{
+    return cellule(1, 1).valeurs().first().first();
+}
+
+Plage Plage::cellule(int ligne, int colonne) const
+{
+    return m_donnees->appeler([&] {
+        css::table::CellRangeAddress lieu = m_donnees->adresse;
+        lieu.StartRow = lieu.EndRow = lieu.StartRow + ligne - 1;
+        lieu.StartColumn = lieu.EndColumn = lieu.StartColumn + colonne - 1;
+        const auto seule =
+            m_donnees->plage->getCellRangeByPosition(colonne - 1, ligne - 1, colonne - 1, ligne - 1);
+        return Plage(std::make_shared<Donnees>(m_donnees->feuille, seule, lieu));
+    });
+}
+
+void Plage::ecrire(const QVariant &valeur)
+{
+    ecrire(Valeurs(lignes(), QVector<QVariant>(colonnes(), valeur)));
+}
+
+void Plage::ecrire(const Valeurs &valeurs)
+{
+    const auto nombreColonnes = static_cast<qsizetype>(colonnes());
+    const bool taille =
+        valeurs.size() == lignes() && std::all_of(valeurs.cbegin(), valeurs.cend(),
+                                                  [&](const auto &v) { return v.size() == nombreColonnes; });
+    if (!taille)
+        throw Erreur(
+            TailleDifferente,
+            QStringLiteral("Les valeurs à écrire n'ont pas la taille de la plage (%1 lignes, %2 colonnes).")
+                .arg(lignes())
+                .arg(colonnes()));
+    m_donnees->appeler([&] {
+        const QDate origine = m_donnees->feuille->classeur->origineDates;
+        const int pas = lignesParMessage(colonnes());
+        FormatsVoulus formats(*m_donnees);
+        for (int debut = 0; debut < lignes(); debut += pas) {
+            const int fin = qMin(debut + pas, lignes()) - 1;
+            Sequence<Sequence<Any>> bloc(fin - debut + 1);
+            for (int l = debut; l <= fin; ++l) {
+                Sequence<Any> rangee(colonnes());
+                for (int c = 0; c < colonnes(); ++c) {
+                    ValeurEcrite ecrite = preparer(valeurs.at(l).at(c), origine);
+                    if (ecrite.format)
+                        formats.vouloir(l, c, QLatin1String(ecrite.format));
+                    rangee.getArray()[c] = std::move(ecrite.valeur);
+                }
+                bloc.getArray()[l - debut] = rangee;
+            }
+            cellulesDe(*m_donnees, debut, fin)->setDataArray(bloc);
+        }
+        formats.appliquer();
+    });
+}
+
+void Plage::viderContenu()
+{
+    constexpr sal_Int32 CONTENU = css::sheet::CellFlags::VALUE | css::sheet::CellFlags::DATETIME |
+                                  css::sheet::CellFlags::STRING | css::sheet::CellFlags::FORMULA;
+    m_donnees->appeler([this] {
+        Reference<css::sheet::XSheetOperation>(m_donnees->plage, UNO_QUERY_THROW)->clearContents(CONTENU);
+    });
+}
+
+void Plage::supprimerCellules(bool versLeHaut)
+{
+    m_donnees->appeler([&] {
+        Reference<css::sheet::XCellRangeMovement>(m_donnees->feuille->feuille, UNO_QUERY_THROW)
+            ->removeRange(m_donnees->adresse,
+                          versLeHaut ? css::sheet::CellDeleteMode_UP : css::sheet::CellDeleteMode_LEFT);
+    });
+}
+
+void Plage::insererCellules(bool versLeBas)
+{
+    m_donnees->appeler([&] {
+        Reference<css::sheet::XCellRangeMovement>(m_donnees->feuille->feuille, UNO_QUERY_THROW)
+            ->insertCells(m_donnees->adresse,
+                          versLeBas ? css::sheet::CellInsertMode_DOWN : css::sheet::CellInsertMode_RIGHT);
+    });
+}

@@ -1,2 +1,0 @@
-// Anchors the library until the first workbook source.
-#include "workbook/CoursRapport.h"
