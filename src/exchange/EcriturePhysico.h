@@ -1,0 +1,33 @@
+// What an import of physico-chemical measures asks of the store and writes there.
+#pragma once
+
+#include "database/Requete.h"
+#include "exchange/LignePhysico.h"
+
+class DataEnvironment1;
+
+// Statements prepared once for a run.
+class EcriturePhysico
+{
+public:
+    explicit EcriturePhysico(const DataEnvironment1 &donnees);
+
+    // NumAnaPC of the analysis of this date, hour, parameter, station, manager and fraction; 0 when there is none.
+    qint64 chercher(const MesurePhysico &mesure);
+    // Writes the sampling where it is new, its membership of the network, and the result: over analysis `numAnaPC`, or
+    // as a new one for 0. All of it or nothing.
+    void ecrire(const MesurePhysico &mesure, qint64 numAnaPC);
+
+private:
+    qint64 prelevement(const MesurePhysico &mesure);
+    void rattacher(qint64 numPrel, const QString &reseau);
+
+    const DataEnvironment1 &m_donnees;
+    Requete m_chercherAnalyse;
+    Requete m_chercherPrelevement;
+    Requete m_ajouterPrelevement;
+    Requete m_chercherReseau;
+    Requete m_ajouterReseau;
+    Requete m_ajouterAnalyse;
+    Requete m_modifierAnalyse;
+};
