@@ -1,5 +1,8 @@
 #include "frame/RegistreEcrans.h"
 
+#include "exchange/ecrans/ControleurImport.h"
+#include "exchange/ecrans/F_Import_physico.h"
+#include "exchange/ecrans/F_Import_phyto.h"
 #include "frame/Cadre.h"
 #include "frame/Session.h"
 
@@ -31,14 +34,22 @@ EntreeRegistre commande(const char16_t *menu, const Commande &executer)
 
 void importPhytoReuni(Session &session, Cadre & /*cadre*/)
 {
-    session.dialogue.message(QStringLiteral("Import PC/PS réuni"), QString(), Icone::Aucune);
+    F_Import_phyto::annoncer(session);
+}
+
+void viderCompteursImport(Session &session)
+{
+    session.importSession.viderCompteurs();
 }
 } // namespace
 
 const QList<EntreeRegistre> &registreEcrans()
 {
     static const QList<EntreeRegistre> registre = {
+        ecran<F_Import_physico>(u"m_import_donnees_physico", viderCompteursImport),
         commande(u"m_import_donnees_phyto", importPhytoReuni),
+        commande(u"m_import_donnees_hydro", ControleurImport::importerHydro),
+        commande(u"m_import_donnees_pluvio", ControleurImport::importerPluvio),
     };
     return registre;
 }

@@ -1,0 +1,20 @@
+// What the three screens that settle a stopped import have in common.
+#pragma once
+
+#include "widgets/Ecran.h"
+
+class EcranReprise : public Ecran
+{
+    Q_OBJECT
+public:
+    using Ecran::Ecran;
+
+    // Closes those that are still open: they speak of a run that is over.
+    static void fermerTous(const Session &session);
+
+protected:
+    // "Ligne 12 du fichier « mesures.xls »": where the import stands.
+    QString emplacement() const;
+    // Closes this screen, then runs the import from the stored row on.
+    void RelancerImport();
+};
