@@ -51,7 +51,7 @@ DataEnvironment1::~DataEnvironment1()
     liberer();
 }
 
-void DataEnvironment1::ouvrir(const QString &cheminHote)
+void DataEnvironment1::ouvrir(const QString &cheminHote, bool journal)
 {
     liberer();
     if (!QFile::exists(cheminHote))
@@ -69,16 +69,26 @@ void DataEnvironment1::ouvrir(const QString &cheminHote)
         }
         Collation::installer(m_etat->poignee());
         executer(QStringLiteral("PRAGMA foreign_keys = ON"));
-        executer(QStringLiteral("PRAGMA journal_mode = WAL"));
-        executer(QStringLiteral("PRAGMA synchronous = NORMAL"));
-        // A row-by-row import fills the journal fast; each folding waits for the disk.
-        executer(QStringLiteral("PRAGMA wal_autocheckpoint = 8000"));
         executer(QStringLiteral("PRAGMA cache_size = -32000"));
         m_etat->memoire = std::make_unique<Memoire>(m_etat->poignee());
+        if (journal)
+            activerJournal();
     } catch (...) {
         liberer();
         throw;
     }
+}
+
+void DataEnvironment1::activerJournal() const
+{
+    Requete mode = executer(QStringLiteral("PRAGMA journal_mode = WAL"));
+    // A file system without shared memory keeps the other journal, which is safe only when it waits for the disk.
+    const bool wal = mode.suivant() && mode.texte(0) == u"wal";
+    mode.finir();
+    executer(wal ? QStringLiteral("PRAGMA synchronous = NORMAL")
+                 : QStringLiteral("PRAGMA synchronous = FULL"));
+    // A row-by-row import fills the journal fast; each folding waits for the disk.
+    executer(QStringLiteral("PRAGMA wal_autocheckpoint = 8000"));
 }
 
 void DataEnvironment1::creer(const QString &cheminHote)

@@ -19,8 +19,11 @@ public:
     DataEnvironment1 &operator=(const DataEnvironment1 &) = delete;
 
     // Opens the store at this host path: foreign keys on, WAL, the connection's collations installed. An Erreur tells
-    // why it cannot be. A connection that is already open is released first.
-    void ouvrir(const QString &cheminHote);
+    // why it cannot be. A connection that is already open is released first. Without `journal` the file keeps its own
+    // journal mode, and nothing is written until a statement does: for a file that is still to be judged.
+    void ouvrir(const QString &cheminHote, bool journal = true);
+    // Goes over to WAL; what `ouvrir` does by itself.
+    void activerJournal() const;
     // Makes a new store at this host path and opens it: every table, empty, current versions. An Erreur where a file of
     // that name is there already.
     void creer(const QString &cheminHote);

@@ -1,19 +1,28 @@
 #include "frame/OuvertureBase.h"
 
+#include "database/M_Ouvrir_bdd_OVRA.h"
 #include "frame/Session.h"
-#include "platform/Erreur.h"
+#include "maintenance/M_Couleurs.h"
 
 bool ouvrirBase(Session &session)
 {
-    try {
-        session.donnees.ouvrir(session.FichierBase);
-        return true;
-    } catch (const Erreur &erreur) {
-        session.dialogue.message(QStringLiteral("Erreur à l'ouverture de la base de données : \n ") +
-                                     erreur.numeroEtDescription(),
-                                 QStringLiteral("Erreur d'ouverture"), Icone::Exclamation);
-        return false;
-    }
+    Ouverture ouverture{session.donnees, session.dialogue, session.FichierBase, {}, {}, {}};
+    ouverture.etapes.CreerCouleurs = [&session] {
+        M_Couleurs::CreerCouleurs(session.donnees, session.tableur, session.CheminBase);
+    };
+    ouverture.etapes.ChargerCouleurs = [&session] {
+        const M_Couleurs::Palette palette = M_Couleurs::ChargerCouleurs(session.donnees);
+        session.CouleurR = palette.R;
+        session.CouleurG = palette.G;
+        session.CouleurB = palette.B;
+    };
+    const bool ouverte = M_Ouvrir_bdd_OVRA::OuvrirBase(ouverture);
+    session.ChaineFournisseur = ouverture.ChaineFournisseur;
+    session.VersionAccess = ouverture.VersionAccess;
+    return ouverte;
 }
 
-void preparerCartes(Session & /*session*/) {}
+void preparerCartes(Session &session)
+{
+    M_Ouvrir_bdd_OVRA::InitChampsCarte(session.donnees, session.dialogue);
+}
