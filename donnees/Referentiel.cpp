@@ -1,7 +1,9 @@
 #include "Referentiel.h"
 
+#include "database/Schema.h"
 #include "Insertion.h"
 #include "TableCsv.h"
+#include "workbook/PaletteParDefaut.h"
 
 namespace
 {
@@ -71,6 +73,17 @@ void chargerDepartements(const QSqlDatabase &base, const QString &dossier)
     for (int i = 0; i < table.lignes(); ++i)
         departement.ligne({table.texte(i, "code"), table.texte(i, "nom")});
 }
+
+// Entries 17 to 56 of the spreadsheet application's own colour table, as an opening would make them.
+void chargerPalette(const QSqlDatabase &base)
+{
+    Schema::creerTable(base, QStringLiteral("COULEURS_GRAPH"));
+    Insertion couleur(base, "COULEURS_GRAPH", {"ordre", "R", "G", "B"});
+    for (int ordre = 1; ordre <= 40; ++ordre) {
+        const int rvb = couleurParDefaut(ordre + 16);
+        couleur.ligne({ordre, rvb >> 16 & 0xff, rvb >> 8 & 0xff, rvb & 0xff});
+    }
+}
 } // namespace
 
 void chargerReferentiel(const QSqlDatabase &base, const QString &dossier)
@@ -80,4 +93,5 @@ void chargerReferentiel(const QSqlDatabase &base, const QString &dossier)
     chargerParametres(base, dossier);
     chargerSeuils(base, dossier);
     chargerDepartements(base, dossier);
+    chargerPalette(base);
 }

@@ -189,6 +189,15 @@ void TestReferentiel::rienAAjouterALOuverture()
         m_base.valeur("SELECT PROPERTYVALUE FROM APPLICATIONPROPERTIES WHERE PROPERTYNAME = 'DbVersion'"),
         "4.0.1");
     QCOMPARE(m_base.valeur("SELECT VERSION FROM TECHNIQUE"), "2L");
+    // The palette is there: entries 17 (153, 153, 255) to 56 (51, 51, 51) of the spreadsheet's colour table.
+    QCOMPARE(
+        m_base.colonne(
+            "SELECT ordre || ':' || R || ',' || G || ',' || B FROM COULEURS_GRAPH WHERE ordre IN (1, 40) "
+            "ORDER BY ordre"),
+        (QStringList{"1:153,153,255", "40:51,51,51"}));
+    QCOMPARE(m_base.compte("SELECT COUNT(*) FROM COULEURS_GRAPH"), 40);
+    QVERIFY(m_base.compte("SELECT COUNT(*) FROM pragma_table_info('STATION_QUALITE') WHERE name IN "
+                          "('ALT_NO3', 'SuperficieStationM')") == 2);
 }
 
 QTEST_GUILESS_MAIN(TestReferentiel)
