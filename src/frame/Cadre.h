@@ -11,4 +11,6 @@ public:
     virtual void montrer(QWidget *ecran) = 0;
     // Minimises the main window (a document is about to be edited in another program).
     virtual void reduire() = 0;
+    // Ends the program, once the routine under way has returned.
+    virtual void terminer() = 0;
 };

@@ -190,6 +190,11 @@ void MDIF_Mere::reduire()
     showMinimized();
 }
 
+void MDIF_Mere::terminer()
+{
+    QMetaObject::invokeMethod(this, &MDIF_Mere::finDemandee, Qt::QueuedConnection);
+}
+
 void MDIF_Mere::aideDeLEcran()
 {
     const QMdiSubWindow *fenetre = m_zone->activeSubWindow();

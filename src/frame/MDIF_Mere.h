@@ -24,6 +24,7 @@ public:
 
     void montrer(QWidget *ecran) override;
     void reduire() override;
+    void terminer() override;
 
     // Before a base is open no entry can be used but help and quit.
     void activerMenu(bool baseOuverte);

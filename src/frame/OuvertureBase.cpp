@@ -10,16 +10,19 @@ bool ouvrirBase(Session &session)
     ouverture.etapes.CreerCouleurs = [&session] {
         M_Couleurs::CreerCouleurs(session.donnees, session.tableur, session.CheminBase);
     };
-    ouverture.etapes.ChargerCouleurs = [&session] {
-        const M_Couleurs::Palette palette = M_Couleurs::ChargerCouleurs(session.donnees);
-        session.CouleurR = palette.R;
-        session.CouleurG = palette.G;
-        session.CouleurB = palette.B;
-    };
+    ouverture.etapes.ChargerCouleurs = [&session] { chargerPalette(session); };
     const bool ouverte = M_Ouvrir_bdd_OVRA::OuvrirBase(ouverture);
     session.ChaineFournisseur = ouverture.ChaineFournisseur;
     session.VersionAccess = ouverture.VersionAccess;
     return ouverte;
+}
+
+void chargerPalette(Session &session)
+{
+    const M_Couleurs::Palette palette = M_Couleurs::ChargerCouleurs(session.donnees);
+    session.CouleurR = palette.R;
+    session.CouleurG = palette.G;
+    session.CouleurB = palette.B;
 }
 
 void preparerCartes(Session &session)

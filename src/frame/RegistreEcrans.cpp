@@ -4,7 +4,10 @@
 #include "exchange/ecrans/F_Import_physico.h"
 #include "exchange/ecrans/F_Import_phyto.h"
 #include "frame/Cadre.h"
+#include "frame/CommandesMaintenance.h"
 #include "frame/Session.h"
+#include "maintenance/ecrans/F_couleurs.h"
+#include "maintenance/ecrans/F_MiseAJour_Intervenant.h"
 
 #include <QWidget>
 
@@ -50,6 +53,12 @@ const QList<EntreeRegistre> &registreEcrans()
         commande(u"m_import_donnees_phyto", importPhytoReuni),
         commande(u"m_import_donnees_hydro", ControleurImport::importerHydro),
         commande(u"m_import_donnees_pluvio", ControleurImport::importerPluvio),
+        ecran<F_MiseAJour_Intervenant>(u"m_corresp_intervenant"),
+        commande(u"mnu_compact", CommandesMaintenance::compacter),
+        commande(u"mnu_sauv_coul", CommandesMaintenance::sauvegarderCouleurs),
+        commande(u"mnu_rest_coul", CommandesMaintenance::restaurerCouleurs),
+        ecran<F_couleurs>(u"mnu_mod_coul"),
+        commande(u"mnu_trans_res", CommandesMaintenance::transposerReseaux),
     };
     return registre;
 }
