@@ -15,6 +15,7 @@
 #include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/util/XNumberFormats.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
+#include <com/sun/star/util/XNumberFormatTypes.hpp>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -35,6 +36,10 @@ QString obstacle(const QString &chemin)
     const QString dossier = QDir::toNativeSeparators(info.absolutePath());
     if (!QFileInfo(info.absolutePath()).isDir())
         return QStringLiteral("le dossier « %1 » n'existe pas.").arg(dossier);
+    if (info.isDir())
+        return QStringLiteral("un dossier porte déjà ce nom.");
+    if (QStorageInfo(info.absolutePath()).isReadOnly())
+        return QStringLiteral("ce disque est en lecture seule.");
     if (info.exists() && !info.isWritable())
         return QStringLiteral("ce fichier est protégé contre l'écriture.");
     if (!info.exists() && !QFileInfo(info.absolutePath()).isWritable())
@@ -61,7 +66,7 @@ QString motifEchec(const QString &chemin, const QString &raison)
     const qint64 libre = QStorageInfo(QFileInfo(chemin).absolutePath()).bytesAvailable();
     if (libre >= 0 && libre < PLACE_MINIMALE)
         return QStringLiteral("le disque est plein.");
-    return raison.isEmpty() ? QStringLiteral("l'écriture a échoué.") : raison;
+    return QStringLiteral("l'écriture a échoué (%1).").arg(raison);
 }
 
 rtl::OUString filtrePour(const QString &chemin)
@@ -127,10 +132,14 @@ sal_Int32 Classeur::Donnees::cleFormat(const QString &format)
         return *connue;
     const Reference<css::util::XNumberFormatsSupplier> fournisseur(document, UNO_QUERY_THROW);
     const Reference<css::util::XNumberFormats> formats = fournisseur->getNumberFormats();
+    // Turned into the instance's own language: a format of another one is marked with that language in the file.
     const css::lang::Locale anglais("en", "US", rtl::OUString());
-    sal_Int32 cle = formats->queryKey(versUno(format), anglais, false);
-    if (cle < 0)
-        cle = formats->addNew(versUno(format), anglais);
+    const css::lang::Locale sien;
+    sal_Int32 cle = -1;
+    if (format == QLatin1String("General"))
+        cle = Reference<css::util::XNumberFormatTypes>(formats, UNO_QUERY_THROW)->getStandardIndex(sien);
+    else
+        cle = formats->addNewConverted(versUno(format), anglais, sien);
     m_cles.insert(format, cle);
     return cle;
 }

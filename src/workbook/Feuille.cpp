@@ -139,3 +139,19 @@ void Feuille::largeurColonne(int colonne, int centiemesMm)
             ->setPropertyValue("Width", Any(static_cast<sal_Int32>(centiemesMm)));
     });
 }
+
+void Feuille::hauteurOptimale(int ligne)
+{
+    m_donnees->appeler([&] {
+        Reference<css::beans::XPropertySet>(lignesDe(*m_donnees)->getByIndex(ligne - 1), UNO_QUERY_THROW)
+            ->setPropertyValue("OptimalHeight", Any(true));
+    });
+}
+
+void Feuille::cacher(bool oui)
+{
+    m_donnees->appeler([&] {
+        Reference<css::beans::XPropertySet>(m_donnees->feuille, UNO_QUERY_THROW)
+            ->setPropertyValue("IsVisible", Any(!oui));
+    });
+}

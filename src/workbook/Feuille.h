@@ -1,6 +1,7 @@
 // One sheet of a workbook.
 #pragma once
 
+#include "workbook/MiseEnPage.h"
 #include "workbook/Plage.h"
 
 #include <memory>
@@ -31,6 +32,16 @@ public:
     // Height of a row and width of a column, in hundredths of a millimetre.
     void hauteurLigne(int ligne, int centiemesMm);
     void largeurColonne(int colonne, int centiemesMm);
+    // Adjusts a row's height to what it holds.
+    void hauteurOptimale(int ligne);
+
+    void mettreEnPage(const MiseEnPage &page);
+    // Prints this part only.
+    void zoneImpression(const Plage &plage);
+    // Hides the sheet, or shows it again.
+    void cacher(bool oui);
+
+    const Donnees &donnees() const { return *m_donnees; }
 
 private:
     std::shared_ptr<Donnees> m_donnees;

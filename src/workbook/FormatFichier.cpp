@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QtEndian>
 
 namespace
@@ -69,8 +70,9 @@ ExamenFichier examinerOle2(QFile &fichier)
     pasUnClasseur(chemin);
 }
 
-// Names of a package's entries, from its directory at the end of the file. False without one.
-bool lireNomsZip(QFile &fichier, QList<QByteArray> &noms)
+// A package's entries, by name, with their compression method, from its directory at the end of the file. False
+// without one.
+bool lireEntreesZip(QFile &fichier, QHash<QByteArray, quint16> &entrees)
 {
     constexpr qint64 PLUS_LONGUE_FIN = 22 + 65535;
     const qint64 depart = qMax<qint64>(0, fichier.size() - PLUS_LONGUE_FIN);
@@ -86,7 +88,8 @@ bool lireNomsZip(QFile &fichier, QList<QByteArray> &noms)
     const QByteArray repertoire = fichier.read(taille);
     for (qsizetype i = 0; i + 46 <= repertoire.size() && repertoire.mid(i, 4) == QByteArray(ENTREE_ZIP);) {
         const auto longueur = qFromLittleEndian<quint16>(repertoire.constData() + i + 28);
-        noms.append(repertoire.mid(i + 46, longueur));
+        entrees.insert(repertoire.mid(i + 46, longueur),
+                       qFromLittleEndian<quint16>(repertoire.constData() + i + 10));
         i += 46 + longueur + qFromLittleEndian<quint16>(repertoire.constData() + i + 30) +
              qFromLittleEndian<quint16>(repertoire.constData() + i + 32);
     }
@@ -97,15 +100,15 @@ ExamenFichier examinerZip(QFile &fichier)
 {
     fichier.seek(0);
     const QByteArray debut = fichier.read(128);
-    QList<QByteArray> noms;
-    if (!lireNomsZip(fichier, noms))
+    QHash<QByteArray, quint16> entrees;
+    if (!lireEntreesZip(fichier, entrees))
         tronque(fichier.fileName());
-    if (noms.contains("xl/workbook.xml") || noms.contains("xl/workbook.bin"))
+    if (entrees.contains("xl/workbook.xml") || entrees.contains("xl/workbook.bin"))
         return {FormatFichier::Xlsx, false};
-    // The type of an OpenDocument package stands in clear at byte 38.
-    if (noms.contains("content.xml") &&
+    // The type of an OpenDocument package stands in clear at byte 38. What is encrypted there is not compressed.
+    if (entrees.contains("content.xml") &&
         debut.mid(38).startsWith("application/vnd.oasis.opendocument.spreadsheet"))
-        return {FormatFichier::Ods, false};
+        return {FormatFichier::Ods, entrees.value("content.xml") == 0};
     pasUnClasseur(fichier.fileName());
 }
 } // namespace

@@ -13,7 +13,7 @@ enum class FormatFichier {
 
 struct ExamenFichier {
     FormatFichier format = FormatFichier::Xls;
-    // The workbook's content is encrypted. Some are, under a password that every program knows, only to keep their
+    // The workbook's content looks encrypted. Some are under a password that every program knows, only to keep their
     // structure from being changed: those open all the same.
     bool chiffre = false;
 };
