@@ -1,6 +1,7 @@
 #include "frame/OuvertureBase.h"
 
 #include "database/M_Ouvrir_bdd_OVRA.h"
+#include "database/M_Structure_2002.h"
 #include "frame/Session.h"
 #include "maintenance/M_Couleurs.h"
 
@@ -11,6 +12,14 @@ bool ouvrirBase(Session &session)
         M_Couleurs::CreerCouleurs(session.donnees, session.tableur, session.CheminBase);
     };
     ouverture.etapes.ChargerCouleurs = [&session] { chargerPalette(session); };
+    ouverture.etapes.MettreAJourVersion = [&session] {
+        M_Structure_2002::MettreAJourVersion(session.donnees);
+    };
+    ouverture.etapes.TransposerStructure = [&session] {
+        return M_Structure_2002::TransposerStructure(
+            session.donnees,
+            {session.dialogue, session.CheminBase + QStringLiteral("corresp_reseaux.xls"), {}});
+    };
     const bool ouverte = M_Ouvrir_bdd_OVRA::OuvrirBase(ouverture);
     session.ChaineFournisseur = ouverture.ChaineFournisseur;
     session.VersionAccess = ouverture.VersionAccess;
