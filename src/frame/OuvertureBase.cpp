@@ -4,6 +4,7 @@
 #include "database/M_Structure_2002.h"
 #include "frame/Session.h"
 #include "maintenance/M_Couleurs.h"
+#include "maintenance/M_Transposition.h"
 
 bool ouvrirBase(Session &session)
 {
@@ -16,9 +17,13 @@ bool ouvrirBase(Session &session)
         M_Structure_2002::MettreAJourVersion(session.donnees);
     };
     ouverture.etapes.TransposerStructure = [&session] {
+        const auto transposerReseaux = [&session](const QString &fichier) {
+            M_Transposition::TransposerReseaux(session.donnees, session.tableur, session.dialogue, fichier,
+                                               session.CheminBase);
+        };
         return M_Structure_2002::TransposerStructure(
-            session.donnees,
-            {session.dialogue, session.CheminBase + QStringLiteral("corresp_reseaux.xls"), {}});
+            session.donnees, {session.dialogue, session.CheminBase + QStringLiteral("corresp_reseaux.xls"),
+                              transposerReseaux});
     };
     const bool ouverte = M_Ouvrir_bdd_OVRA::OuvrirBase(ouverture);
     session.ChaineFournisseur = ouverture.ChaineFournisseur;

@@ -44,17 +44,6 @@ QList<M_Transposition::EntreeReseau> M_Transposition::lireEntrees(Tableur &table
     return entrees;
 }
 
-void M_Transposition::TransposerPrelevements(const DataEnvironment1 &donnees, const QString &ancien,
-                                             const QString &nouveau)
-{
-    // Samplings that are in both lose the new membership first, so that the update makes no double row.
-    donnees.executer(QStringLiteral("DELETE FROM PRELEVEMENTRSX WHERE CodeReseau = ? AND NumPrel IN "
-                                    "(SELECT NumPrel FROM PRELEVEMENTRSX WHERE CodeReseau = ?)"),
-                     {nouveau, ancien});
-    donnees.executer(QStringLiteral("UPDATE PRELEVEMENTRSX SET CodeReseau = ? WHERE CodeReseau = ?"),
-                     {nouveau, ancien});
-}
-
 void M_Transposition::appliquer(const DataEnvironment1 &donnees, const QList<EntreeReseau> &entrees,
                                 const std::function<void(const QString &)> &progres)
 {

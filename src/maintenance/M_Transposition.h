@@ -1,6 +1,7 @@
 // The transposition of network codes: networks whose label stands in a workbook take the code given there.
 #pragma once
 
+#include "database/M_Structure_2002.h"
 #include "platform/Dialogue.h"
 
 #include <QList>
@@ -28,8 +29,8 @@ QList<EntreeReseau> lireEntrees(Tableur &tableur, const QString &fichier);
 void appliquer(const DataEnvironment1 &donnees, const QList<EntreeReseau> &entrees,
                const std::function<void(const QString &)> &progres);
 
-// The memberships of `ancien` become memberships of `nouveau`; a sampling that was in both ends with one.
-void TransposerPrelevements(const DataEnvironment1 &donnees, const QString &ancien, const QString &nouveau);
+// The memberships of one network become another's; an upgrade of the structure does that too.
+using M_Structure_2002::TransposerPrelevements;
 
 // The whole command; with an empty `fichier` it asks for one, first in the folder `dossierInitial`. Its own messages are
 // shown; other failures go up. True when the entries were applied.
