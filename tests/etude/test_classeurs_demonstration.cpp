@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -21,6 +22,7 @@ private Q_SLOTS:
     void uneSecondeFois();
     void debits();
     void pluies();
+    void lignesDuBanc();
 
 private:
     QString importer(const QString &nom, TypeImport type);
@@ -45,12 +47,12 @@ void TestClasseursDemonstration::cleanup()
     m_session.donnees.liberer();
 }
 
-// Runs the import of one of the built workbooks and gives the closing message, or what stood in its way.
+// Runs the import of one of the built workbooks, or of another by its path, and gives the closing message, or what stood in its way.
 QString TestClasseursDemonstration::importer(const QString &nom, TypeImport type)
 {
     ImportSession &session = m_session.importSession;
     session = {};
-    session.FichierImport = QStringLiteral(DOSSIER_CONSTRUCTION "/installation/Projet/Base/") + nom;
+    session.FichierImport = QDir(DOSSIER_CONSTRUCTION "/installation/Projet/Base").absoluteFilePath(nom);
     session.TitreImport = nom;
     session.typeImport = type;
     if (type == TypeImport::Physico)
@@ -150,6 +152,28 @@ void TestClasseursDemonstration::pluies()
         "L'import du fichier Excel vers la base de données est achevé.\n90 mesures pluviométriques ont été "
         "enregistrées. ");
     QCOMPARE(compte("SELECT COUNT(JourMesurePM) FROM MESURE_PLUVIO WHERE DateMesurePM >= '2019-01-01'"), 90);
+}
+
+void TestClasseursDemonstration::lignesDuBanc()
+{
+    const QString donnees = QDir::cleanPath(DONNEES_TESTS "/../../donnees");
+    const QString base = m_dossier->filePath("elements.mdb"), classeur = m_dossier->filePath("banc.xls");
+    QCOMPARE(
+        QProcess::execute(DOSSIER_CONSTRUCTION "/bin/creer_bases", {"--donnees", donnees, "elements", base}),
+        0);
+    QCOMPARE(QProcess::execute(DOSSIER_CONSTRUCTION "/bin/creer_classeurs",
+                               {"--donnees", donnees, "banc", "260", classeur}),
+             0);
+    m_session.donnees.ouvrir(base);
+    // 260 rows go once through the 140 parameters other than nitrates, nearly twice; 25 rows a sampling: 11.
+    QCOMPARE(
+        importer(classeur, TypeImport::Physico),
+        "L'import du fichier Excel vers la base de données est achevé.\n260 mesures physico-chimiques ont été "
+        "enregistrées. ");
+    QCOMPARE(compte("SELECT COUNT(*) FROM MESURE_PHYSICO"), 260);
+    QCOMPARE(compte("SELECT COUNT(DISTINCT CodeParam) FROM MESURE_PHYSICO"), 140);
+    QCOMPARE(compte("SELECT COUNT(*) FROM PRELEVEMENT"), 11);
+    QCOMPARE(compte("SELECT COUNT(*) FROM PRELEVEMENTRSX"), 11);
 }
 
 QTEST_GUILESS_MAIN(TestClasseursDemonstration)
