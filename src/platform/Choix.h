@@ -1,4 +1,4 @@
-// One row of a list that the user chooses from.
+// Rows of the lists that the screens offer.
 #pragma once
 
 #include <QList>
@@ -13,3 +13,19 @@ struct Choix {
 };
 
 using ListeChoix = QList<Choix>;
+
+// A quality station, to be chosen by any of the three.
+struct StationProposee {
+    QString code;  // CodeSandreStationM
+    QString usuel; // CodeUsuelStationM; empty where the station has none
+    QString nom;   // NomStationM
+    bool operator==(const StationProposee &) const = default;
+};
+
+// What can be filtered on in a selection of measures.
+struct ListesFiltres {
+    ListeChoix gestionnaires; // CodeSandreGest, name
+    ListeChoix reseaux;       // CodeReseau, name
+    ListeChoix commentaires;  // the comment twice; the row of the empty comment has the empty code
+    ListeChoix protocoles;    // label twice
+};

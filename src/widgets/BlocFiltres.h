@@ -10,14 +10,6 @@ class QLabel;
 class QToolButton;
 class ZoneCombo;
 
-// What the four lists offer.
-struct ListesFiltres {
-    ListeChoix gestionnaires;
-    ListeChoix reseaux;
-    ListeChoix commentaires; // the row of the empty comment has the empty code
-    ListeChoix protocoles;
-};
-
 // Nothing chosen in a list filters nothing on it. Each screen names the controls inside, as its properties in the .ui
 // file; a control without a name is not shown.
 class BlocFiltres : public QWidget

@@ -10,12 +10,6 @@ class QLabel;
 class QLineEdit;
 class ZoneCombo;
 
-struct StationProposee {
-    QString code;  // CodeSandreStationM
-    QString usuel; // CodeUsuelStationM; empty where the station has none
-    QString nom;
-};
-
 // Two combos that follow each other, and the station's name. Both lists show the names too, so that a station is found
 // by typing a part of any of the three. Each screen names the controls inside, as its properties in the .ui file.
 class ChoixStation : public QWidget
