@@ -37,29 +37,36 @@ bool ReglesConcentrations::demandeFraction(const QStringList &parametres)
     return parametres.contains(carboneOrganique());
 }
 
-QString ReglesConcentrations::premierRefus(const Controles &controles, Commande commande)
+std::optional<ReglesConcentrations::Refus> ReglesConcentrations::premierRefus(const Controles &controles,
+                                                                              Commande commande)
 {
     const bool avecRapport = commande != Commande::Graphique;
     const bool avecGraphique = commande != Commande::Rapport;
     if (controles.station.isEmpty())
-        return QStringLiteral("Le code de la station doit être renseigné");
+        return Refus{QStringLiteral("Le code de la station doit être renseigné"), Champ::Station};
     if (controles.debut.isNull() || controles.fin.isNull())
-        return QStringLiteral("La période doit être entièrement renseignée");
+        return Refus{QStringLiteral("La période doit être entièrement renseignée"),
+                     controles.debut.isNull() ? Champ::DateDebut : Champ::DateFin};
     if (!avecRapport && controles.choix == ChoixParametres::Aucun)
-        return QStringLiteral("Un choix entre un ou deux paramètre(s) doit être renseigné");
+        return Refus{QStringLiteral("Un choix entre un ou deux paramètre(s) doit être renseigné"),
+                     Champ::ChoixParametres};
     if (avecRapport && controles.choix == ChoixParametres::Plusieurs)
-        return QStringLiteral("Vous devez sélectionner un paramètre avant d'éditer un rapport.");
+        return Refus{QStringLiteral("Vous devez sélectionner un paramètre avant d'éditer un rapport."),
+                     Champ::ChoixParametres};
     if (controles.parametres == 0)
-        return QStringLiteral("Un paramètre doit être renseigné");
+        return Refus{QStringLiteral("Un paramètre doit être renseigné"), Champ::Parametre};
     if (avecRapport && controles.parametres > 1)
-        return QStringLiteral("Un seul paramètre doit être renseigné");
+        return Refus{QStringLiteral("Un seul paramètre doit être renseigné"), Champ::Parametre};
     if (controles.fin < controles.debut)
-        return QStringLiteral("Vous devez saisir une date de fin supérieure ou égale à la date de début");
+        return Refus{
+            QStringLiteral("Vous devez saisir une date de fin supérieure ou égale à la date de début"),
+            Champ::DateFin};
     if (avecGraphique && controles.echelleMaximale) {
         if (controles.valeurEchelle.trimmed().isEmpty())
-            return QStringLiteral("Vous devez saisir une valeur pour l'échelle maximale");
+            return Refus{QStringLiteral("Vous devez saisir une valeur pour l'échelle maximale"),
+                         Champ::Echelle};
         if (!Saisie::lireNombre(controles.valeurEchelle))
-            return QStringLiteral("La saisie du nombre est incorrecte");
+            return Refus{QStringLiteral("La saisie du nombre est incorrecte"), Champ::Echelle};
     }
-    return {};
+    return std::nullopt;
 }

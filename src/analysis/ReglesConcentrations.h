@@ -32,6 +32,14 @@ struct Controles {
     QString valeurEchelle; // as typed
 };
 
-// The first thing that is wrong, in the order of the checks, as the message to show; empty when nothing is.
-QString premierRefus(const Controles &controles, Commande commande);
+// The control that a check is about.
+enum class Champ { Station, DateDebut, DateFin, ChoixParametres, Parametre, Echelle };
+
+struct Refus {
+    QString message;
+    Champ champ;
+};
+
+// The first thing that is wrong, in the order of the checks; nothing when all is well.
+std::optional<Refus> premierRefus(const Controles &controles, Commande commande);
 } // namespace ReglesConcentrations

@@ -167,7 +167,11 @@ void MDIF_Mere::montrer(QWidget *ecran)
     if (!fenetre) {
         fenetre = new FenetreFille(ecran, m_zone);
         m_zone->addSubWindow(fenetre);
-        // As large as the screen asks for, as long as the client area holds it.
+        // As large as the screen asks for, as long as the client area holds it. Shown first: a layout takes in what has
+        // changed since it was made (a list filled, a field hidden) only once it is visible.
+        ecran->show();
+        fenetre->show();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
         fenetre->adjustSize();
         fenetre->resize(fenetre->size().boundedTo(m_zone->viewport()->size()));
     }

@@ -1,5 +1,6 @@
 #include "frame/RegistreEcrans.h"
 
+#include "analysis/ecrans/F_Concentrations_PC.h"
 #include "exchange/ecrans/ControleurImport.h"
 #include "exchange/ecrans/F_Import_physico.h"
 #include "exchange/ecrans/F_Import_phyto.h"
@@ -49,6 +50,7 @@ void viderCompteursImport(Session &session)
 const QList<EntreeRegistre> &registreEcrans()
 {
     static const QList<EntreeRegistre> registre = {
+        ecran<F_Concentrations_PC>(u"m_evolution_physico"),
         ecran<F_Import_physico>(u"m_import_donnees_physico", viderCompteursImport),
         commande(u"m_import_donnees_phyto", importPhytoReuni),
         commande(u"m_import_donnees_hydro", ControleurImport::importerHydro),

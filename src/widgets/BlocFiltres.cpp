@@ -3,6 +3,7 @@
 #include "widgets/ListeFiltree.h"
 #include "widgets/ZoneCombo.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -89,6 +90,16 @@ void BlocFiltres::remplir(const ListesFiltres &listes)
     m_protocole->remplir(listes.protocoles);
     for (const Critere &critere : {m_gestionnaires, m_reseaux, m_commentaires})
         montrerEtat(critere);
+}
+
+// The palette has no pale form of its placeholder colour for what is disabled.
+void BlocFiltres::changeEvent(QEvent *evenement)
+{
+    QWidget::changeEvent(evenement);
+    if (evenement->type() != QEvent::EnabledChange)
+        return;
+    for (const Critere &critere : {m_gestionnaires, m_reseaux, m_commentaires})
+        critere.etat->setForegroundRole(isEnabled() ? QPalette::PlaceholderText : QPalette::WindowText);
 }
 
 QStringList BlocFiltres::gestionnaires() const

@@ -42,6 +42,9 @@ public:
     void setNomCommentaires(const QString &nom);
     void setNomProtocole(const QString &nom);
 
+protected:
+    void changeEvent(QEvent *evenement) override;
+
 private:
     // One list under its caption, with what is chosen in it told beside.
     struct Critere {

@@ -1,5 +1,6 @@
 #include "widgets/ChoixStation.h"
 
+#include "widgets/LectureSeule.h"
 #include "widgets/ZoneCombo.h"
 
 #include <QCheckBox>
@@ -23,8 +24,7 @@ ChoixStation::ChoixStation(QWidget *parent)
     m_usuel->setMinimumContentsLength(9);
     auto *libelleNom = new QLabel(QStringLiteral("Nom :"), this);
     libelleNom->setBuddy(m_nom);
-    m_nom->setReadOnly(true);
-    m_nom->setFocusPolicy(Qt::ClickFocus);
+    LectureSeule::appliquer(m_nom);
     m_afficherUsuel->setText(QStringLiteral("Afficher le code usuel à la place du code station"));
     m_codeAffiche->setForegroundRole(QPalette::PlaceholderText);
 

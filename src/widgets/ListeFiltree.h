@@ -32,6 +32,10 @@ public:
     // A row that the rule refuses is taken back at once, and `refus` tells.
     void definirRegle(Regle regle) { m_regle = std::move(regle); }
 
+    // Small: a list takes the room that its screen has left.
+    QSize sizeHint() const override { return {200, 90}; }
+    QSize minimumSizeHint() const override { return {120, 54}; }
+
 Q_SIGNALS:
     void choixChange();
     void refus(const QString &message);

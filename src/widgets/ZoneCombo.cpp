@@ -128,6 +128,7 @@ void ZoneCombo::placer(int rang)
     m_rang = rang;
     m_code = rang < 0 ? QString() : itemData(rang, CODE).toString();
     m_texte = rang < 0 ? QString() : itemText(rang);
+    setToolTip(rang < 0 ? QString() : itemData(rang, COMPLEMENT).toString());
 }
 
 void ZoneCombo::retenir(int rang)

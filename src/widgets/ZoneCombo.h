@@ -27,6 +27,8 @@ public:
     void choisir(const QString &code);
     void vider();
 
+    void showPopup() override;
+
 Q_SIGNALS:
     // The user's choice has changed, possibly to none.
     void choixChange();
@@ -40,7 +42,6 @@ protected:
     void focusOutEvent(QFocusEvent *evenement) override;
     void keyPressEvent(QKeyEvent *evenement) override;
     void wheelEvent(QWheelEvent *evenement) override;
-    void showPopup() override;
 
 private:
     void placer(int rang);

@@ -31,6 +31,13 @@ void ZoneDate::fixer(QDate date)
     setText(Saisie::ecrireDate(date));
 }
 
+QSize ZoneDate::minimumSizeHint() const
+{
+    constexpr int BOUTON_ET_MARGES = 40;
+    return {fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + BOUTON_ET_MARGES,
+            ZoneTexte::minimumSizeHint().height()};
+}
+
 bool ZoneDate::accepter()
 {
     const QString texte = text().trimmed();

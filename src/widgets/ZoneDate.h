@@ -23,6 +23,9 @@ public:
     // What the calendar opens on while the field is empty.
     void proposer(QDate date) { m_proposee = date; }
 
+    // A whole date and the calendar's button.
+    QSize minimumSizeHint() const override;
+
 public Q_SLOTS:
     void ouvrirCalendrier();
 

@@ -1,0 +1,60 @@
+// "Consultation physico-chimique": what is chosen before the statistics report and the charts of one station.
+#pragma once
+
+#include "analysis/DemandeRapport.h"
+#include "analysis/ListesSelection.h"
+#include "analysis/ReglesConcentrations.h"
+#include "analysis/ReperesParametre.h"
+#include "widgets/Ecran.h"
+
+#include <memory>
+
+class QAbstractButton;
+class QLabel;
+class QLineEdit;
+
+namespace Ui
+{
+class F_Concentrations_PC;
+}
+
+class F_Concentrations_PC : public Ecran
+{
+    Q_OBJECT
+public:
+    F_Concentrations_PC(Session &session, Cadre &cadre, QWidget *parent = nullptr);
+    ~F_Concentrations_PC() override;
+
+    // The report's request, as the controls stand.
+    DemandeRapport demandeRapport() const;
+
+private:
+    void chargerListes();
+    // Every field empty and every list without a choice.
+    void Vider_Concentrations_PC();
+
+    void changerStation();
+    void changerParametre();
+    void changerFraction();
+    void changerMode();
+    void changerSeuil(bool coche);
+    void changerEchelle(bool cochee);
+    void lancerRapport();
+
+    // The selected parameters' codes, in either mode.
+    QStringList parametres() const;
+    QString fractionUnique() const;
+    bool plusieurs() const;
+    ReglesConcentrations::Controles controles() const;
+    void allerA(ReglesConcentrations::Champ champ);
+
+    void lireReperesDuParametre();
+    // What is shown and what can be used, from what is chosen; each disabled control says why.
+    void actualiser();
+    void montrerReperes();
+    void desactiverFlux();
+
+    std::unique_ptr<Ui::F_Concentrations_PC> m_ui;
+    ListesFiltres m_filtresBase;
+    ReperesParametre m_reperes;
+};
