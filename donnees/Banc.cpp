@@ -130,13 +130,13 @@ private:
 
 Banc::Banc(const QString &donnees)
 {
-    const TableCsv unites(donnees + QStringLiteral("/referentiel/unites.csv"));
+    const TableCsv unites(donnees + "/referentiel/unites.csv");
     QHash<QString, QString> symboles;
     for (int i = 0; i < unites.lignes(); ++i)
         symboles.insert(unites.texte(i, "code"), unites.texte(i, "symbole"));
-    const TableCsv parametres(donnees + QStringLiteral("/referentiel/parametres.csv"));
+    const TableCsv parametres(donnees + "/referentiel/parametres.csv");
     for (int i = 0; i < parametres.lignes(); ++i)
-        if (parametres.texte(i, "code") != QLatin1String("1340"))
+        if (parametres.texte(i, "code") != "1340")
             m_parametres.push_back({parametres.texte(i, "code"), parametres.texte(i, "nom"),
                                     symboles.value(parametres.texte(i, "unite"))});
 }
@@ -163,14 +163,14 @@ void Banc::remplirResultats(const QSqlDatabase &base, int nombre) const
     Ecriture ecriture(base);
     for (int i = 0; i < MESURES_SUIVIES; ++i) {
         const QDate date = QDate(2008, 1, 8).addMonths(i);
-        ecriture.prelevement(STATION_SUIVIE, date, QStringLiteral("09:20:00"), 0);
+        ecriture.prelevement(STATION_SUIVIE, date, "09:20:00", 0);
         ecriture.mesure(
-            QStringLiteral("1340"),
+            "1340",
             arrondir(25 + 12 * saison(date, 30) + Hasard(QStringLiteral("banc|%1").arg(i)).normale(), 1),
             1 + i % 9);
     }
-    // Fifteen samplings a day at the very most, over ten years: one every few days on each of the other stations.
-    Hasard hasard(QStringLiteral("banc"));
+    // Each of the other stations in turn, every nine days over ten years, then again at later hours.
+    Hasard hasard("banc");
     int faits = MESURES_SUIVIES;
     for (int p = 0; faits < nombre; ++p) {
         const QDate date = QDate(2008, 1, 1).addDays(p / STATIONS * 9 % 3653);
@@ -187,7 +187,7 @@ void Banc::remplirResultats(const QSqlDatabase &base, int nombre) const
 
 void Banc::lignes(int nombre, const std::function<void(const Ligne &)> &recevoir) const
 {
-    Hasard hasard(QStringLiteral("classeur"));
+    Hasard hasard("classeur");
     for (int i = 0; i < nombre; ++i) {
         const int p = i / RESULTATS_PAR_PRELEVEMENT;
         const Parametre &parametre = m_parametres[static_cast<size_t>(i) % m_parametres.size()];
@@ -199,12 +199,12 @@ void Banc::lignes(int nombre, const std::function<void(const Ligne &)> &recevoir
         ligne.parametre = parametre.nom;
         ligne.valeur = arrondir(10 * hasard.facteur(0.8), 2);
         ligne.remarque = i % 10 == 0 ? 10 : 1;
-        ligne.fraction = i % 2 == 0 ? QStringLiteral("23") : QStringLiteral("3");
+        ligne.fraction = i % 2 == 0 ? "23" : "3";
         if (i % 50 == 0)
-            ligne.commentaire = QStringLiteral("Résultat confirmé");
+            ligne.commentaire = "Résultat confirmé";
         ligne.unite = parametre.symbole;
-        ligne.seuil = QStringLiteral("0,05");
-        ligne.protocole = p % 2 == 0 ? QStringLiteral("Suivi calendaire") : QStringLiteral("Suivi pluie");
+        ligne.seuil = "0,05";
+        ligne.protocole = p % 2 == 0 ? "Suivi calendaire" : "Suivi pluie";
         ligne.gestionnaire = GESTIONNAIRES[p % 2];
         ligne.preleveur = PRELEVEURS[p % 2];
         ligne.laboratoire = LABORATOIRES[p % 3];

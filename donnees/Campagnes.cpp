@@ -64,60 +64,51 @@ struct Campagnes::Campagne {
 
 Campagnes::Campagnes(const QString &dossier) : m_dossier(dossier)
 {
-    const TableCsv hydro(dossier + QStringLiteral("/stations_hydro.csv"));
+    const TableCsv hydro(dossier + "/stations_hydro.csv");
     for (int i = 0; i < hydro.lignes(); ++i) {
-        const QString code = hydro.texte(i, QStringLiteral("code"));
-        m_bassins[code] = {hydro.nombre(i, QStringLiteral("superficie_km2")),
-                           std::make_shared<Hydrologie>(PREMIER_JOUR, DERNIER_JOUR,
-                                                        hydro.nombre(i, QStringLiteral("part_rapide")),
-                                                        code)};
+        const QString code = hydro.texte(i, "code");
+        m_bassins[code] = {
+            hydro.nombre(i, "superficie_km2"),
+            std::make_shared<Hydrologie>(PREMIER_JOUR, DERNIER_JOUR, hydro.nombre(i, "part_rapide"), code)};
     }
-    const TableCsv eaux(dossier + QStringLiteral("/eaux.csv"));
+    const TableCsv eaux(dossier + "/eaux.csv");
     for (int i = 0; i < eaux.lignes(); ++i) {
         const auto lire = [&](const char *colonne) { return eaux.nombre(i, QLatin1String(colonne)); };
-        m_rivieres[eaux.texte(i, QStringLiteral("station"))].eau = {
+        m_rivieres[eaux.texte(i, "station")].eau = {
             lire("nitrates"), lire("phosphore"), lire("ammonium"),   lire("particules"),
             lire("carbone"),  lire("bacteries"), lire("pesticides"), lire("mineralisation")};
     }
-    const TableCsv stations(dossier + QStringLiteral("/stations.csv"));
+    const TableCsv stations(dossier + "/stations.csv");
     for (int i = 0; i < stations.lignes(); ++i) {
-        Riviere &riviere = m_rivieres[stations.texte(i, QStringLiteral("code"))];
-        const QString liee = stations.texte(i, QStringLiteral("station_hydro"));
+        Riviere &riviere = m_rivieres[stations.texte(i, "code")];
+        const QString liee = stations.texte(i, "station_hydro");
         riviere.stationHydro = liee.isEmpty() ? m_bassins.begin()->first : liee;
-        riviere.superficie_km2 = stations.nombre(i, QStringLiteral("superficie_km2"));
+        riviere.superficie_km2 = stations.nombre(i, "superficie_km2");
     }
-    const TableCsv analyses(dossier + QStringLiteral("/analyses.csv"));
+    const TableCsv analyses(dossier + "/analyses.csv");
     for (int i = 0; i < analyses.lignes(); ++i)
-        m_analyses[{analyses.texte(i, QStringLiteral("parametre")),
-                    analyses.texte(i, QStringLiteral("fraction"))}] = {
-            static_cast<int>(analyses.nombre(i, QStringLiteral("decimales"))),
-            analyses.nombreOuNul(i, QStringLiteral("ld")),
-            analyses.nombreOuNul(i, QStringLiteral("lq")),
-            analyses.nombreOuNul(i, QStringLiteral("ls")),
-            analyses.valeur(i, QStringLiteral("methode")),
-            analyses.texte(i, QStringLiteral("lieu"))};
-    const TableCsv programmes(dossier + QStringLiteral("/programmes.csv"));
+        m_analyses[{analyses.texte(i, "parametre"), analyses.texte(i, "fraction")}] = {
+            static_cast<int>(analyses.nombre(i, "decimales")),
+            analyses.nombreOuNul(i, "ld"),
+            analyses.nombreOuNul(i, "lq"),
+            analyses.nombreOuNul(i, "ls"),
+            analyses.valeur(i, "methode"),
+            analyses.texte(i, "lieu")};
+    const TableCsv programmes(dossier + "/programmes.csv");
     for (int i = 0; i < programmes.lignes(); ++i)
-        m_programmes[programmes.texte(i, QStringLiteral("programme"))].append(
-            {programmes.texte(i, QStringLiteral("parametre")),
-             programmes.texte(i, QStringLiteral("fraction"))});
+        m_programmes[programmes.texte(i, "programme")].append(
+            {programmes.texte(i, "parametre"), programmes.texte(i, "fraction")});
     // The programme "pesticides" is all of their table.
-    const TableCsv pesticides(dossier + QStringLiteral("/pesticides.csv"));
+    const TableCsv pesticides(dossier + "/pesticides.csv");
     for (int i = 0; i < pesticides.lignes(); ++i) {
-        const QString code = pesticides.texte(i, QStringLiteral("parametre"));
-        m_molecules[code] = {static_cast<int>(pesticides.nombre(i, QStringLiteral("jour_pic"))),
-                             pesticides.nombre(i, QStringLiteral("etalement_j")),
-                             pesticides.nombre(i, QStringLiteral("pic_ug_l")),
-                             pesticides.nombre(i, QStringLiteral("fond_ug_l")),
-                             pesticides.nombreOuNul(i, QStringLiteral("annee_fin")).toInt()};
-        const double lq = pesticides.nombre(i, QStringLiteral("lq"));
-        m_analyses[{code, QStringLiteral("23")}] = {3,
-                                                    arrondir(lq / 4, 4),
-                                                    lq,
-                                                    {},
-                                                    pesticides.valeur(i, QStringLiteral("methode")),
-                                                    QStringLiteral("2")};
-        m_programmes[QStringLiteral("pesticides")].append({code, QStringLiteral("23")});
+        const QString code = pesticides.texte(i, "parametre");
+        m_molecules[code] = {static_cast<int>(pesticides.nombre(i, "jour_pic")),
+                             pesticides.nombre(i, "etalement_j"), pesticides.nombre(i, "pic_ug_l"),
+                             pesticides.nombre(i, "fond_ug_l"),
+                             pesticides.nombreOuNul(i, "annee_fin").toInt()};
+        const double lq = pesticides.nombre(i, "lq");
+        m_analyses[{code, "23"}] = {3, arrondir(lq / 4, 4), lq, {}, pesticides.valeur(i, "methode"), "2"};
+        m_programmes["pesticides"].append({code, "23"});
     }
 }
 
@@ -145,7 +136,7 @@ double Campagnes::debit_l_s(const QString &stationHydro, QDate date) const
 
 QList<QDate> Campagnes::dates(const Campagne &campagne) const
 {
-    if (campagne.jour == QLatin1String("pluie"))
+    if (campagne.jour == "pluie")
         return datesDePluie(campagne);
     QList<QDate> resultat;
     for (QDate mois(campagne.debut.year(), campagne.debut.month(), 1); mois <= campagne.fin;
@@ -190,7 +181,7 @@ Resultat Campagnes::resultat(const Campagne &campagne, const QString &parametre,
     const Analyse &analyse = m_analyses.at({parametre, fraction});
     const double trouve = molecule == m_molecules.end() ? concentration(parametre, fraction, e)
                                                         : concentration(parametre, molecule->second, e);
-    const bool environnement = parametre == QLatin1String("1301") || parametre == QLatin1String("1420");
+    const bool environnement = parametre == "1301" || parametre == "1420";
 
     Resultat r;
     r.parametre = parametre;
@@ -206,30 +197,30 @@ Resultat Campagnes::resultat(const Campagne &campagne, const QString &parametre,
         r.laboratoire = campagne.laboratoire;
     r.reseau = campagne.reseaux.value(0);
 
-    Hasard incidents(e.graine + QStringLiteral("|incident|") + parametre + fraction);
+    Hasard incidents(e.graine + "|incident|" + parametre + fraction);
     if (!environnement && incidents.uniforme() < 0.004) {
-        r.remarque = QStringLiteral("0");
-        r.commentaire_analyse = QStringLiteral("Flacon cassé, analyse non réalisée");
+        r.remarque = "0";
+        r.commentaire_analyse = "Flacon cassé, analyse non réalisée";
         return r;
     }
     // A modern laboratory gives the limit of quantification; the older ones told what they had not detected.
     double valeur = arrondir(trouve, analyse.decimales);
-    r.remarque = QStringLiteral("1");
+    r.remarque = "1";
     if (!analyse.ld.isNull() && trouve < analyse.ld.toDouble() && e.date.year() < 2012) {
         valeur = analyse.ld.toDouble();
-        r.remarque = QStringLiteral("2");
+        r.remarque = "2";
     } else if (!analyse.lq.isNull() && valeur < analyse.lq.toDouble()) {
         valeur = analyse.lq.toDouble();
-        r.remarque = QStringLiteral("10");
+        r.remarque = "10";
     } else if (!analyse.ls.isNull() && trouve > analyse.ls.toDouble()) {
         valeur = analyse.ls.toDouble();
-        r.remarque = QStringLiteral("3");
+        r.remarque = "3";
     }
     r.valeur = valeur;
     if (campagne.ancienne())
         r.remarque = {};
-    if (campagne.jour == QLatin1String("pluie") && e.regime.part_rapide > 0.5)
-        r.commentaire_resultat = QStringLiteral("Prélèvement en crue");
+    if (campagne.jour == "pluie" && e.regime.part_rapide > 0.5)
+        r.commentaire_resultat = "Prélèvement en crue";
     else if (incidents.uniforme() < 0.02)
         r.commentaire_resultat = QString::fromUtf8(COMMENTAIRES[incidents.parmi(std::size(COMMENTAIRES))]);
     return r;
@@ -246,7 +237,7 @@ void Campagnes::ajouter(const Campagne &campagne, QDate date, Prelevement &prele
     for (const QString &programme : campagne.programmes) {
         const auto parametres = m_programmes.constFind(programme);
         if (parametres == m_programmes.constEnd())
-            throw Erreur(0, QStringLiteral("Programme inconnu : ") + programme);
+            throw Erreur(0, "Programme inconnu : " + programme);
         for (const auto &[parametre, fraction] : parametres.value())
             prelevement.resultats.push_back(resultat(campagne, parametre, fraction, e));
     }
@@ -264,14 +255,14 @@ std::vector<Prelevement> Campagnes::prelevements(const QString &fichier) const
                                 QDate::fromString(lire("fin"), Qt::ISODate),
                                 lire("mois"),
                                 lire("jour"),
-                                table.valeur(i, QStringLiteral("heure")),
+                                table.valeur(i, "heure"),
                                 lire("programme").split(u'+'),
-                                table.valeur(i, QStringLiteral("protocole")),
+                                table.valeur(i, "protocole"),
                                 lire("gestionnaire"),
                                 lire("preleveur"),
                                 lire("producteur"),
                                 lire("laboratoire"),
-                                table.liste(i, QStringLiteral("reseaux"))};
+                                table.liste(i, "reseaux")};
         for (const QDate &date : dates(campagne)) {
             Prelevement &prelevement =
                 trouves[{date, campagne.station, campagne.heure.toString(), campagne.preleveur}];
@@ -279,7 +270,7 @@ std::vector<Prelevement> Campagnes::prelevements(const QString &fichier) const
                 prelevement.station = campagne.station;
                 prelevement.date = date;
                 if (!campagne.heure.isNull())
-                    prelevement.heure = campagne.heure.toString() + QStringLiteral(":00");
+                    prelevement.heure = campagne.heure.toString() + ":00";
                 prelevement.preleveur = campagne.preleveur;
                 prelevement.producteur = campagne.producteur;
                 prelevement.protocole = campagne.protocole;

@@ -152,11 +152,11 @@ double concentration(const QString &parametre, const QString &fraction, const Ec
     case 1449:
         return escherichia(e);
     case 1841:
-        return fraction == QLatin1String("3") ? carbone_dissous(e) : carbone_total(e);
+        return fraction == "3" ? carbone_dissous(e) : carbone_total(e);
     case 6455:
         return 0.35 * escherichia(e) * bruit(e, "enterocoques", 0.5);
     default:
-        throw Erreur(0, QStringLiteral("Paramètre sans modèle : ") + parametre);
+        throw Erreur(0, "Paramètre sans modèle : " + parametre);
     }
 }
 

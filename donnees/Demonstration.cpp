@@ -27,17 +27,17 @@ void remplirBassin(const QSqlDatabase &base, const QString &dossier)
 {
     const QString nom = QString::fromUtf8(NOM_BASSIN);
     Insertion(base, "BASSIN_VERSANT", {"NumBV", "NomBV", "ObjBV", "ProblématiqueBV", "SuperfBV"})
-        .ligne({BASSIN, nom, QStringLiteral("Retrouver 25 mg/l de nitrates en moyenne à l'exutoire"),
-                QStringLiteral("Nitrates, pesticides, eutrophisation de la retenue d'eau potable"), 178.4});
+        .ligne({BASSIN, nom, "Retrouver 25 mg/l de nitrates en moyenne à l'exutoire",
+                "Nitrates, pesticides, eutrophisation de la retenue d'eau potable", 178.4});
     Insertion(base, "LIEU_BASSIN_VERSANT", {"Bassin_versant"}).ligne({nom});
 
-    const TableCsv sousBassins(dossier + QStringLiteral("/sous_bassins.csv"));
+    const TableCsv sousBassins(dossier + "/sous_bassins.csv");
     Insertion sousBassin(base, "SOUS_BASSIN_VERSANT", {"CodeSSBV", "NomSSBV", "NumBV", "SuperfSSBV"});
     for (int i = 0; i < sousBassins.lignes(); ++i)
         sousBassin.ligne({sousBassins.nombre(i, "code"), sousBassins.texte(i, "nom"), BASSIN,
                           sousBassins.nombre(i, "superficie_km2")});
 
-    const TableCsv communes(dossier + QStringLiteral("/communes.csv"));
+    const TableCsv communes(dossier + "/communes.csv");
     Insertion commune(base, "COMMUNE", {"NumCommune", "NomCommune", "NumDepartement", "SituationCommune"});
     Insertion lien(base, "BVXCommune", {"NumBV", "NumCommune"});
     for (int i = 0; i < communes.lignes(); ++i) {
@@ -46,7 +46,7 @@ void remplirBassin(const QSqlDatabase &base, const QString &dossier)
         lien.ligne({BASSIN, communes.texte(i, "code")});
     }
 
-    const TableCsv objectifs(dossier + QStringLiteral("/objectifs.csv"));
+    const TableCsv objectifs(dossier + "/objectifs.csv");
     Insertion objectif(base, "OBJECTIF", {"NumBV", "CodeParam", "CD_FRACTION", "MoyObjf", "MaxObjf"});
     for (int i = 0; i < objectifs.lignes(); ++i)
         objectif.ligne({BASSIN, objectifs.texte(i, "parametre"), objectifs.texte(i, "fraction"),
@@ -55,7 +55,7 @@ void remplirBassin(const QSqlDatabase &base, const QString &dossier)
 
 void remplirActeurs(const QSqlDatabase &base, const QString &dossier)
 {
-    const TableCsv intervenants(dossier + QStringLiteral("/intervenants.csv"));
+    const TableCsv intervenants(dossier + "/intervenants.csv");
     Insertion intervenant(base, "INTERVENANT",
                           {"CodeSandreInterv", "NomInterv", "LibelleSandreInterv", "StatutInterv",
                            "RueInterv", "VilleInterv", "CPInterv", "DépartPaysInterv", "CommInterv"});
@@ -65,11 +65,11 @@ void remplirActeurs(const QSqlDatabase &base, const QString &dossier)
                            intervenants.valeur(i, "rue"), intervenants.texte(i, "ville"),
                            intervenants.texte(i, "cp"), intervenants.texte(i, "departement"),
                            intervenants.texte(i, "commentaire")});
-    const TableCsv reseaux(dossier + QStringLiteral("/reseaux.csv"));
+    const TableCsv reseaux(dossier + "/reseaux.csv");
     Insertion reseau(base, "RESEAU_MESURE", {"CodeReseau", "LibelleReseau", "FinaliteReseau"});
     for (int i = 0; i < reseaux.lignes(); ++i)
         reseau.ligne({reseaux.texte(i, "code"), reseaux.texte(i, "libelle"), reseaux.valeur(i, "finalite")});
-    const TableCsv methodes(dossier + QStringLiteral("/methodes.csv"));
+    const TableCsv methodes(dossier + "/methodes.csv");
     Insertion methode(base, "METHODE", {"CodeMéthode", "NomMéthode", "CommMéthode"});
     for (int i = 0; i < methodes.lignes(); ++i)
         methode.ligne(
@@ -78,7 +78,7 @@ void remplirActeurs(const QSqlDatabase &base, const QString &dossier)
 
 void remplirStations(const QSqlDatabase &base, const QString &dossier)
 {
-    const TableCsv t(dossier + QStringLiteral("/stations.csv"));
+    const TableCsv t(dossier + "/stations.csv");
     Insertion station(base, "STATION_QUALITE",
                       {"CodeSandreStationM",
                        "CodeUsuelStationM",
@@ -138,9 +138,9 @@ void remplirStations(const QSqlDatabase &base, const QString &dossier)
                        t.nombreOuNul(i, "mois_etiage"),
                        t.nombreOuNul(i, "pk"),
                        t.valeur(i, "arret"),
-                       QStringLiteral("2018-12-31"),
-                       QStringLiteral("2")});
-        point.ligne({code, QStringLiteral("031"), x, y, x93, y93, QStringLiteral("3")});
+                       "2018-12-31",
+                       "2"});
+        point.ligne({code, "031", x, y, x93, y93, "3"});
         if (!t.texte(i, "station_hydro").isEmpty())
             rattachement.ligne({t.texte(i, "station_hydro"), code});
         remplirLien(base, "StationMesureXCommune", {"CodeSandreStationM", "NumCommune"}, code,
@@ -153,7 +153,7 @@ void remplirStations(const QSqlDatabase &base, const QString &dossier)
 QSet<QDate> joursSansDebit(const QString &dossier, const QString &station)
 {
     QSet<QDate> jours;
-    const TableCsv t(dossier + QStringLiteral("/debits_manquants.csv"));
+    const TableCsv t(dossier + "/debits_manquants.csv");
     for (int i = 0; i < t.lignes(); ++i) {
         const QDate fin = QDate::fromString(t.texte(i, "fin"), Qt::ISODate);
         if (t.texte(i, "station") == station)
@@ -166,7 +166,7 @@ QSet<QDate> joursSansDebit(const QString &dossier, const QString &station)
 // Daily flows; and the mean of each month that has all its days, on the first of the month with a null time.
 void remplirDebits(const QSqlDatabase &base, const QString &dossier, const Campagnes &campagnes)
 {
-    const TableCsv t(dossier + QStringLiteral("/stations_hydro.csv"));
+    const TableCsv t(dossier + "/stations_hydro.csv");
     Insertion station(base, "STATION_HYDRO",
                       {"CodeStationHM", "CodeSandreStationHM", "CodeHydroStationHM", "IntituleStationHM",
                        "TypeStationHM", "CoorXStationHM", "CoorYStationHM", "EnServiceStationHM",
@@ -206,7 +206,7 @@ void remplirDebits(const QSqlDatabase &base, const QString &dossier, const Campa
 
 void remplirPluie(const QSqlDatabase &base, const QString &dossier, const Campagnes &campagnes)
 {
-    const TableCsv t(dossier + QStringLiteral("/station_pluvio.csv"));
+    const TableCsv t(dossier + "/station_pluvio.csv");
     const QString code = t.texte(0, "code");
     Insertion(base, "STATION_PLUVIO",
               {"CodeStationPM", "IntituleStationPM", "TypeStationPM", "CoorXStationPM", "CoorYStationPM",
@@ -218,7 +218,7 @@ void remplirPluie(const QSqlDatabase &base, const QString &dossier, const Campag
                 t.liste(0, "gestionnaires"));
 
     QSet<QDate> manquants;
-    const TableCsv pannes(dossier + QStringLiteral("/pluies_manquantes.csv"));
+    const TableCsv pannes(dossier + "/pluies_manquantes.csv");
     for (int i = 0; i < pannes.lignes(); ++i) {
         const QDate fin = QDate::fromString(pannes.texte(i, "fin"), Qt::ISODate);
         for (QDate j = QDate::fromString(pannes.texte(i, "debut"), Qt::ISODate); j <= fin; j = j.addDays(1))
@@ -230,10 +230,9 @@ void remplirPluie(const QSqlDatabase &base, const QString &dossier, const Campag
         if (manquants.contains(date))
             continue;
         const double pluie = campagnes.pluie_mm(date);
-        mesure.ligne(
-            {code, date.toString(Qt::ISODate), pluie,
-             pluie >= 30 ? QVariant(QStringLiteral("Pluie exceptionnelle, relevé vérifié")) : QVariant(),
-             QString::fromLatin1(GESTIONNAIRE_PLUIE)});
+        mesure.ligne({code, date.toString(Qt::ISODate), pluie,
+                      pluie >= 30 ? QVariant("Pluie exceptionnelle, relevé vérifié") : QVariant(),
+                      QString::fromLatin1(GESTIONNAIRE_PLUIE)});
     }
 }
 
@@ -248,10 +247,10 @@ void remplirMesures(const QSqlDatabase &base, const Campagnes &campagnes)
                       "SeuilAnaPC", "LieuAnaPC", "CommAnaPC", "CommResAnaPC", "CodeSandreLabo", "CodeMethode",
                       "CodeSandreGest", "Cd_Fraction"});
     int numero = 0;
-    for (const Prelevement &p : campagnes.prelevements(QStringLiteral("campagnes.csv"))) {
+    for (const Prelevement &p : campagnes.prelevements("campagnes.csv")) {
         ++numero;
-        prelevement.ligne({numero, p.station, QStringLiteral("031"), p.date.toString(Qt::ISODate), p.heure,
-                           QStringLiteral("3"), p.preleveur, p.producteur, p.protocole});
+        prelevement.ligne({numero, p.station, "031", p.date.toString(Qt::ISODate), p.heure, "3", p.preleveur,
+                           p.producteur, p.protocole});
         for (const QString &code : p.reseaux)
             reseau.ligne({numero, code});
         for (const Resultat &r : p.resultats)

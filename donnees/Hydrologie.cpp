@@ -37,7 +37,7 @@ Hydrologie::Hydrologie(QDate debut, QDate fin, double part_rapide, const QString
     bool humide = false;
     double sol = SOL_MM, rapide = 1.0, lente = 40.0, somme = 0.0;
     for (QDate date = amorce; date <= fin; date = date.addDays(1)) {
-        Hasard ciel(QStringLiteral("pluie|") + date.toString(Qt::ISODate));
+        Hasard ciel("pluie|" + date.toString(Qt::ISODate));
         const double hiver = saison(date, 350);
         humide = ciel.uniforme() < (humide ? 0.64 + 0.07 * hiver : 0.31 + 0.08 * hiver);
         const double lame = -std::log(1.0 - ciel.uniforme()) * (4.4 + 1.0 * hiver) * annee(date.year());

@@ -6,7 +6,7 @@ namespace
 QString texteSql(const QString &table, const QStringList &colonnes)
 {
     QStringList marques;
-    marques.fill(QStringLiteral("?"), colonnes.size());
+    marques.fill("?", colonnes.size());
     return QStringLiteral("INSERT INTO \"%1\" (\"%2\") VALUES (%3)")
         .arg(table, colonnes.join(QStringLiteral("\", \"")), marques.join(u','));
 }

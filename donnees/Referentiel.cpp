@@ -12,12 +12,12 @@ constexpr int FAUX = 0;
 
 QVariant commentaireCas(const QString &cas)
 {
-    return cas.isEmpty() ? QVariant() : QVariant(QStringLiteral("N° CAS ") + cas);
+    return cas.isEmpty() ? QVariant() : QVariant("N° CAS " + cas);
 }
 
 void chargerUnites(const QSqlDatabase &base, const QString &dossier)
 {
-    const TableCsv table(dossier + QStringLiteral("/unites.csv"));
+    const TableCsv table(dossier + "/unites.csv");
     Insertion unite(base, "UNITEREFERENCE", {"CodeUnite", "SymboleUnite", "LibelleUnite", "StatutUnite"});
     for (int i = 0; i < table.lignes(); ++i)
         unite.ligne({table.texte(i, "code"), table.texte(i, "symbole"), table.texte(i, "libelle"),
@@ -26,7 +26,7 @@ void chargerUnites(const QSqlDatabase &base, const QString &dossier)
 
 void chargerFractions(const QSqlDatabase &base, const QString &dossier)
 {
-    const TableCsv table(dossier + QStringLiteral("/fractions.csv"));
+    const TableCsv table(dossier + "/fractions.csv");
     Insertion fraction(base, "FRACTION", {"CD_FRACTION", "LB_NOM_FRACTION", "LB_STATUT_FRACTION"});
     for (int i = 0; i < table.lignes(); ++i)
         fraction.ligne({table.texte(i, "code"), table.texte(i, "nom"), table.texte(i, "statut")});
@@ -34,7 +34,7 @@ void chargerFractions(const QSqlDatabase &base, const QString &dossier)
 
 void chargerParametres(const QSqlDatabase &base, const QString &dossier)
 {
-    const TableCsv table(dossier + QStringLiteral("/parametres.csv"));
+    const TableCsv table(dossier + "/parametres.csv");
     Insertion parametre(
         base, "PARAMETRE",
         {"CodeParam", "NomParam", "StatutParam", "CommParam", "NatureParam", "CodeGroupeParam", "CodeUnite"});
@@ -45,14 +45,14 @@ void chargerParametres(const QSqlDatabase &base, const QString &dossier)
                          table.texte(i, "groupe"), table.texte(i, "unite")});
         unite.ligne({table.texte(i, "code"), table.texte(i, "unite"), VRAI});
     }
-    const TableCsv autres(dossier + QStringLiteral("/unites_import.csv"));
+    const TableCsv autres(dossier + "/unites_import.csv");
     for (int i = 0; i < autres.lignes(); ++i)
         unite.ligne({autres.texte(i, "parametre"), autres.texte(i, "unite"), FAUX});
 }
 
 void chargerSeuils(const QSqlDatabase &base, const QString &dossier)
 {
-    const TableCsv grilles(dossier + QStringLiteral("/grilles_seq.csv"));
+    const TableCsv grilles(dossier + "/grilles_seq.csv");
     Insertion grille(base, "GRILLE_SEQ",
                      {"CodeParam", "Valeur1SEQ", "Valeur2SEQ", "Valeur3SEQ", "Valeur4SEQ", "Valeur3BisSEQ",
                       "Valeur4BisSEQ"});
@@ -60,7 +60,7 @@ void chargerSeuils(const QSqlDatabase &base, const QString &dossier)
         grille.ligne({grilles.texte(i, "parametre"), grilles.nombre(i, "bleu"), grilles.nombre(i, "vert"),
                       grilles.nombre(i, "jaune"), grilles.nombre(i, "orange"),
                       grilles.nombreOuNul(i, "jaune_bis"), grilles.nombreOuNul(i, "orange_bis")});
-    const TableCsv normes(dossier + QStringLiteral("/normes_aep.csv"));
+    const TableCsv normes(dossier + "/normes_aep.csv");
     Insertion norme(base, "NORME_AEP", {"CodeParam", "CD_FRACTION", "ValeurNorme"});
     for (int i = 0; i < normes.lignes(); ++i)
         norme.ligne({normes.texte(i, "parametre"), normes.texte(i, "fraction"), normes.nombre(i, "valeur")});
@@ -68,7 +68,7 @@ void chargerSeuils(const QSqlDatabase &base, const QString &dossier)
 
 void chargerDepartements(const QSqlDatabase &base, const QString &dossier)
 {
-    const TableCsv table(dossier + QStringLiteral("/departements.csv"));
+    const TableCsv table(dossier + "/departements.csv");
     Insertion departement(base, "DEPARTEMENT", {"NumDepartement", "NomDepartement"});
     for (int i = 0; i < table.lignes(); ++i)
         departement.ligne({table.texte(i, "code"), table.texte(i, "nom")});
@@ -77,7 +77,7 @@ void chargerDepartements(const QSqlDatabase &base, const QString &dossier)
 // Entries 17 to 56 of the spreadsheet application's own colour table, as an opening would make them.
 void chargerPalette(const QSqlDatabase &base)
 {
-    Schema::creerTable(base, QStringLiteral("COULEURS_GRAPH"));
+    Schema::creerTable(base, "COULEURS_GRAPH");
     Insertion couleur(base, "COULEURS_GRAPH", {"ordre", "R", "G", "B"});
     for (int ordre = 1; ordre <= 40; ++ordre) {
         const int rvb = couleurParDefaut(ordre + 16);

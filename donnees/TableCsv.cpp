@@ -8,7 +8,7 @@ TableCsv::TableCsv(const QString &fichier) : m_fichier(fichier)
 {
     QFile source(fichier);
     if (!source.open(QIODevice::ReadOnly | QIODevice::Text))
-        throw Erreur(0, fichier + QStringLiteral(" : ") + source.errorString());
+        throw Erreur(0, fichier + " : " + source.errorString());
     const QStringList lignes = QString::fromUtf8(source.readAll()).split(u'\n', Qt::SkipEmptyParts);
     for (qsizetype i = 0; i < lignes.size(); ++i) {
         const QStringList champs = lignes[i].split(u';');
@@ -31,7 +31,7 @@ int TableCsv::position(const QString &colonne) const
 {
     const auto trouvee = m_colonnes.constFind(colonne);
     if (trouvee == m_colonnes.constEnd())
-        throw Erreur(0, m_fichier + QStringLiteral(" : colonne absente, ") + colonne);
+        throw Erreur(0, m_fichier + " : colonne absente, " + colonne);
     return trouvee.value();
 }
 
