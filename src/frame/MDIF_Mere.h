@@ -34,6 +34,8 @@ public:
     void demarrerTimer1();
     // Runs a menu entry as a click on it does; false where nothing stands behind it.
     bool ouvrir(const QString &menu);
+    // The menu entry of that name; null if there is none.
+    QAction *entree(const QString &nom) const { return m_actions.value(nom); }
     // The help page of the screen that is in front, or the help's first page.
     void aideDeLEcran();
 
