@@ -1,5 +1,6 @@
 #include "frame/Demarrage.h"
 
+#include "database/M_Ouvrir_bdd_OVRA.h"
 #include "frame/DialogueQt.h"
 #include "frame/frmSplash.h"
 #include "frame/MDIF_Mere.h"
@@ -26,7 +27,10 @@ void creerDossier(const QString &chemin)
 }
 } // namespace
 
-Demarrage::Demarrage(Session &session, DialogueQt &dialogue) : m_session(session), m_dialogue(dialogue) {}
+Demarrage::Demarrage(Session &session, DialogueQt &dialogue) : m_session(session), m_dialogue(dialogue)
+{
+    m_session.tableur.definirAttente([this] { m_dialogue.ceder(); });
+}
 
 Demarrage::~Demarrage()
 {
@@ -82,13 +86,8 @@ bool Demarrage::charger()
         }
         preparerDossiers();
         m_session.ChargementEnCours = true;
-        m_session.CheminDessin = QString::fromUtf16(Chemins::DESSIN);
-        m_session.CheminCarteTravail = QString::fromUtf16(Chemins::TRAVAIL);
-        m_session.TypesCarte = {QStringLiteral("Bilan"),     QStringLiteral("Evaluation"),
-                                QStringLiteral("Référence"), QStringLiteral("AEP"),
-                                QStringLiteral("Drains"),    QStringLiteral("Impact"),
-                                QStringLiteral("Retenue")};
-        preparerCartes(m_session);
+        InitCarte(m_session);
+        M_Ouvrir_bdd_OVRA::InitChampsCarte(m_session.donnees, m_session.dialogue);
     } catch (const Erreur &) {
         // Nothing is told of a failure here: the program ends as it does when the choice is cancelled.
         return false;

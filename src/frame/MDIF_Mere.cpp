@@ -139,6 +139,8 @@ bool MDIF_Mere::ouvrir(const QString &menu)
 void MDIF_Mere::executer(const EntreeRegistre &entree)
 {
     try {
+        if (entree.preparer)
+            entree.preparer(m_session);
         QWidget *ecran = entree.classe.isEmpty() ? nullptr : ecranOuvert(entree.classe);
         if (!ecran)
             ecran = entree.ouvrir(m_session, *this);

@@ -39,7 +39,11 @@ void chargerPalette(Session &session)
     session.CouleurB = palette.B;
 }
 
-void preparerCartes(Session &session)
+void InitCarte(Session &session)
 {
-    M_Ouvrir_bdd_OVRA::InitChampsCarte(session.donnees, session.dialogue);
+    session.CheminDessin = QString::fromUtf16(Chemins::DESSIN);
+    session.CheminCarteTravail = QString::fromUtf16(Chemins::TRAVAIL);
+    session.TypesCarte = {QStringLiteral("Bilan"),  QStringLiteral("Evaluation"), QStringLiteral("Référence"),
+                          QStringLiteral("AEP"),    QStringLiteral("Drains"),     QStringLiteral("Impact"),
+                          QStringLiteral("Retenue")};
 }

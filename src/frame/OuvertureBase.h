@@ -3,9 +3,9 @@
 
 struct Session;
 
-// Opens session.FichierBase. False once the user has been told why it cannot be used.
+// Opens session.FichierBase and fills what the session knows of it, the palette included. False once the user has been told why it cannot be used.
 bool ouvrirBase(Session &session);
 // Loads the palette of the charts into the session.
 void chargerPalette(Session &session);
-// Adds to STATION_QUALITE the columns of the maps where they are missing. A failure is shown and start-up goes on.
-void preparerCartes(Session &session);
+// What the maps find in the session. Their second handle on the base has no object here: the one connection serves.
+void InitCarte(Session &session);

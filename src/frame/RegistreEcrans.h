@@ -14,6 +14,8 @@ struct EntreeRegistre {
     // The screen's class, shown as a child of the main window; empty for a command without a screen of its own. A
     // screen that is already open is brought to the front instead of being made again.
     QString classe;
+    // Puts the session in the state that the screen expects, also when it is open already; may be empty.
+    std::function<void(Session &)> preparer;
     // Makes the screen; a command does its work and returns nothing.
     std::function<QWidget *(Session &, Cadre &)> ouvrir;
 };

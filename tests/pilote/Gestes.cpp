@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
+#include <QDateTimeEdit>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QMdiSubWindow>
@@ -30,7 +31,10 @@ QWidget *champ(QWidget *controle)
                 QStringLiteral("la liste %1 ne se saisit pas, elle se choisit").arg(controle->objectName()));
         return combo->lineEdit();
     }
-    QWidget *trouve = Cible::dedans<QLineEdit>(controle);
+    // A spin box or date field handles the keys itself, not through the field inside it.
+    QWidget *trouve = Cible::dedans<QAbstractSpinBox>(controle);
+    if (!trouve)
+        trouve = Cible::dedans<QLineEdit>(controle);
     if (!trouve)
         trouve = Cible::dedans<QTextEdit>(controle);
     if (!trouve)
@@ -56,13 +60,20 @@ void frapper(QWidget *champ, const QString &texte)
 void remplacer(QWidget *champ, const QString &texte)
 {
     champ->setFocus(Qt::MouseFocusReason);
-    QTest::keyClick(champ, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(champ, Qt::Key_Delete);
-    frapper(champ, texte);
+    if (auto *date = qobject_cast<QDateTimeEdit *>(champ)) {
+        // It has no empty text: the date is typed over, from its first part on.
+        date->setSelectedSection(date->sectionAt(0));
+    } else {
+        QTest::keyClick(champ, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(champ, Qt::Key_Delete);
+    }
+    // A date field goes from part to part by itself; a typed separator would make it skip one.
+    frapper(champ, qobject_cast<QDateTimeEdit *>(champ) ? QString(texte).remove(u'/').remove(u':') : texte);
     // A list of proposals would take the next keys for itself.
     auto *ligne = qobject_cast<QLineEdit *>(champ);
-    if (ligne && ligne->completer())
-        ligne->completer()->popup()->hide();
+    QAbstractItemView *propositions = ligne && ligne->completer() ? ligne->completer()->popup() : nullptr;
+    if (propositions)
+        propositions->hide();
 }
 
 QAbstractItemView *liste(QWidget *controle)
@@ -162,6 +173,17 @@ void Gestes::touche(QWidget *controle, const QString &touche)
         cible = combo->lineEdit();
     cible->setFocus(Qt::OtherFocusReason);
     QTest::keyClick(cible, sequence[0].key(), sequence[0].keyboardModifiers());
+}
+
+bool Gestes::enSuspens()
+{
+    if (Grille::saisieOuverte())
+        return true;
+    const QWidgetList widgets = QApplication::allWidgets();
+    return std::any_of(widgets.begin(), widgets.end(), [](QWidget *widget) {
+        auto *bouton = qobject_cast<QAbstractButton *>(widget);
+        return bouton && bouton->isVisible() && bouton->isDown();
+    });
 }
 
 void Gestes::choisir(QWidget *controle, const QString &texte)

@@ -13,6 +13,9 @@ void saisir(QWidget *controle, const QString &texte);
 void taper(QWidget *controle, const QString &texte);
 // `touche` as Qt writes it ("Esc", "Enter", "Alt+V"); "Enter" is the main Enter key.
 void touche(QWidget *controle, const QString &touche);
+// Whether Qt still has to finish a gesture: a button goes up, and clicks, a moment after the key that pressed it; a cell's
+// field closes a moment after Enter.
+bool enSuspens();
 void choisir(QWidget *controle, const QString &texte);
 // All rows when `texte` is null.
 void deselectionner(QWidget *controle, const QString &texte);

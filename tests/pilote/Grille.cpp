@@ -2,6 +2,8 @@
 
 #include "pilote/Cible.h"
 
+#include <QApplication>
+
 QTableView *Grille::de(QWidget *controle)
 {
     auto *grille = Cible::dedans<QTableView>(controle);
@@ -20,4 +22,12 @@ QModelIndex Grille::index(const QTableView *grille, int ligne, int colonne)
                         .arg(grille->model()->rowCount())
                         .arg(grille->model()->columnCount()));
     return trouve;
+}
+
+bool Grille::saisieOuverte()
+{
+    const QWidget *champ = QApplication::focusWidget();
+    const QWidget *fond = champ ? champ->parentWidget() : nullptr;
+    auto *grille = fond ? qobject_cast<QTableView *>(fond->parentWidget()) : nullptr;
+    return grille && grille->viewport() == fond && !grille->isPersistentEditorOpen(grille->currentIndex());
 }

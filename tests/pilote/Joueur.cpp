@@ -5,6 +5,7 @@
 #include "frame/Session.h"
 #include "pilote/Cible.h"
 #include "pilote/DialoguePilote.h"
+#include "pilote/Gestes.h"
 #include "platform/Horloge.h"
 
 #include <QDir>
@@ -64,6 +65,9 @@ void Joueur::jouer()
         conclure(0);
         return;
     }
+    if (m_enSuspens && Gestes::enSuspens() && !tropTard(ACTIVATION_MS))
+        return;
+    m_enSuspens = false;
     const Pas pas = m_scenario.pas[m_rang];
     try {
         if (!momentPermis(pas))

@@ -55,7 +55,10 @@ Joueur::Etat Joueur::taper(const Pas &pas)
 
 Joueur::Etat Joueur::touche(const Pas &pas)
 {
-    return geste(pas, [&](QWidget *controle) { Gestes::touche(controle, pas.texte(2)); });
+    return geste(pas, [&](QWidget *controle) {
+        m_enSuspens = true;
+        Gestes::touche(controle, pas.texte(2));
+    });
 }
 
 Joueur::Etat Joueur::choisir(const Pas &pas)
@@ -96,6 +99,7 @@ Joueur::Etat Joueur::onglet(const Pas &pas)
 Joueur::Etat Joueur::cellule(const Pas &pas)
 {
     return geste(pas, [&](QWidget *controle) {
+        m_enSuspens = true;
         Gestes::cellule(controle, pas.nombre(2), pas.nombre(3), pas.texte(4));
     });
 }

@@ -22,6 +22,13 @@ void ecrire(const QString &ligne)
     std::fflush(stdout);
 }
 
+// Qt's offscreen platform complains of each window that it cannot do all that a real one does.
+void trierAvertissements(QtMsgType type, const QMessageLogContext &contexte, const QString &texte)
+{
+    if (!texte.startsWith(QLatin1String("This plugin does not support")))
+        std::fputs((qFormatLogMessage(type, contexte, texte) + u'\n').toUtf8().constData(), stderr);
+}
+
 struct Options {
     QString racine;
     QString captures;
@@ -80,6 +87,7 @@ int main(int argc, char *argv[])
 {
     // Before the application exists, as it decides which display it has.
     const EcranDEssai ecran;
+    qInstallMessageHandler(trierAvertissements);
     Application application(argc, argv);
     const std::optional<Options> options = lireOptions(QCoreApplication::arguments());
     if (!options) {

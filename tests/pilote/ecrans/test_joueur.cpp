@@ -91,7 +91,7 @@ private Q_SLOTS:
         QCOMPARE(lancer(QStringLiteral("termine\n"), {QStringLiteral("--inconnue")}).code, 2);
         const Partie echouee = lancer(QStringLiteral("# un\nbase annuler\ntermine\nmessage \"Bonjour\"\n"));
         QCOMPARE(echouee.code, 1);
-        QVERIFY2(echouee.derniere().contains(QLatin1String("essai.scn:4: message attendu")),
+        QVERIFY2(echouee.derniere().contains(QStringLiteral("essai.scn:4: message attendu")),
                  qPrintable(echouee.derniere()));
     }
 

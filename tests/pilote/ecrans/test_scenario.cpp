@@ -46,13 +46,20 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("ligne");
         QTest::addColumn<QString>("lu");
-        QTest::newRow("saut") << "message \"un\\ndeux\"" << "un\ndeux";
-        QTest::newRow("guillemet") << "message \"dit \\\"oui\\\"\"" << "dit \"oui\"";
-        QTest::newRow("autre") << "message \"C:\\Projet\\Base\\x.mdb\"" << "C:\\Projet\\Base\\x.mdb";
-        QTest::newRow("double") << "message \"C:\\\\nouveau\"" << "C:\\nouveau";
-        QTest::newRow("chemin en n") << "fichier \"C:\\nouveau\\x.xls\"" << "C:\\nouveau\\x.xls";
-        QTest::newRow("chemin de dossier") << "fichier_existe \"C:\\Projet\\Base\\\"" << "C:\\Projet\\Base\\";
-        QTest::newRow("base") << "base \"C:\\Projet\\Base\\n.mdb\"" << "C:\\Projet\\Base\\n.mdb";
+        QTest::newRow("saut") << "message \"un\\ndeux\""
+                              << "un\ndeux";
+        QTest::newRow("guillemet") << "message \"dit \\\"oui\\\"\""
+                                   << "dit \"oui\"";
+        QTest::newRow("autre") << "message \"C:\\Projet\\Base\\x.mdb\""
+                               << "C:\\Projet\\Base\\x.mdb";
+        QTest::newRow("double") << "message \"C:\\\\nouveau\""
+                                << "C:\\nouveau";
+        QTest::newRow("chemin en n") << "fichier \"C:\\nouveau\\x.xls\""
+                                     << "C:\\nouveau\\x.xls";
+        QTest::newRow("chemin de dossier") << "fichier_existe \"C:\\Projet\\Base\\\""
+                                           << "C:\\Projet\\Base\\";
+        QTest::newRow("base") << "base \"C:\\Projet\\Base\\n.mdb\""
+                              << "C:\\Projet\\Base\\n.mdb";
     }
     void echappements()
     {
