@@ -29,5 +29,5 @@ bool Grille::saisieOuverte()
     const QWidget *champ = QApplication::focusWidget();
     const QWidget *fond = champ ? champ->parentWidget() : nullptr;
     auto *grille = fond ? qobject_cast<QTableView *>(fond->parentWidget()) : nullptr;
-    return grille && grille->viewport() == fond && !grille->isPersistentEditorOpen(grille->currentIndex());
+    return grille && grille->viewport() == fond;
 }
