@@ -113,6 +113,29 @@ void Classeurs::creerAnalyses(Tableur &tableur, const Campagnes &campagnes, cons
     ecrire(tableur, "Analyses", lignes, fichier);
 }
 
+void Classeurs::creerAnalysesACorriger(Tableur &tableur, const QString &donnees, const QString &fichier)
+{
+    const auto stations = libelles(donnees + "/etude/stations.csv", "code", "nom");
+    const auto intervenants = libelles(donnees + "/etude/intervenants.csv", "code", "nom");
+    const auto reseaux = libelles(donnees + "/etude/reseaux.csv", "code", "libelle");
+    const QString syndicat = intervenants.value("99900000100011"),
+                  rive = intervenants.value("99900000700017");
+    Valeurs lignes{entetesAnalyses()};
+    const auto ajouter = [&](const QString &code, const QString &nom, QDate date, double valeur,
+                             const QString &unite, const QString &preleveur) {
+        lignes.append({code, nom, date, QTime(10, 40), "Nitrates", valeur, unite, 1.0, 3.0, "1", QVariant(),
+                       libelleProtocole("1"), syndicat, preleveur, intervenants.value("99900000500015"),
+                       reseaux.value("0499000001")});
+    };
+    const QString plouvaldy = "04999020", milligrammes = "mg(NO3)/L";
+    ajouter(plouvaldy, stations.value(plouvaldy), {2019, 4, 8}, 27.4, milligrammes, rive);
+    ajouter("04999099", "Ruisseau du Pont-Neuf", {2019, 4, 8}, 31.2, milligrammes, rive);
+    ajouter(plouvaldy, stations.value(plouvaldy), {2019, 5, 8}, 25100, "µg/L", rive);
+    ajouter(plouvaldy, stations.value(plouvaldy), {2019, 6, 10}, 22.8, milligrammes, "Stagiaire du syndicat");
+    ajouter(plouvaldy, stations.value(plouvaldy), {2019, 7, 8}, 21.6, milligrammes, rive);
+    ecrire(tableur, "Analyses", lignes, fichier);
+}
+
 void Classeurs::creerDebits(Tableur &tableur, const Campagnes &campagnes, const QString &donnees,
                             const QString &fichier)
 {

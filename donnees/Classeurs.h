@@ -17,6 +17,9 @@ namespace Classeurs
 // and typed as text; times as times, as text, or none.
 void creerAnalyses(Tableur &tableur, const Campagnes &campagnes, const QString &donnees,
                    const QString &fichier);
+// The same layout with five rows, of which three stop the import: an unknown station, a unit that the parameter is not
+// imported in, an unknown sampler.
+void creerAnalysesACorriger(Tableur &tableur, const QString &donnees, const QString &fichier);
 // Daily flows of January to March 2019 at both hydrometric stations, then the three monthly means of each.
 void creerDebits(Tableur &tableur, const Campagnes &campagnes, const QString &donnees,
                  const QString &fichier);

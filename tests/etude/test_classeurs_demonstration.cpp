@@ -20,6 +20,7 @@ private Q_SLOTS:
     void analyses_data();
     void analyses();
     void uneSecondeFois();
+    void analysesACorriger();
     void debits();
     void pluies();
     void lignesDuBanc();
@@ -130,6 +131,29 @@ void TestClasseursDemonstration::uneSecondeFois()
     // Stops at the first row to ask whether all is to be replaced; nothing written.
     QCOMPARE(importer("analyses_laboratoire.xls", TypeImport::Physico), "arrêt à la ligne 2");
     QCOMPARE(compte("SELECT COUNT(*) FROM MESURE_PHYSICO"), mesures);
+}
+
+void TestClasseursDemonstration::analysesACorriger()
+{
+    // Each of the three rows stops the run; ignored, it goes on at the next one. Two rows of five are stored.
+    const auto ignorer = [&] {
+        ++m_session.importSession.LigneReprise;
+        return M_Import_OVRA::ImporterPhysico(m_session);
+    };
+    QCOMPARE(importer("analyses_a_corriger.xls", TypeImport::Physico), "arrêt à la ligne 3");
+    QCOMPARE(m_session.importSession.typeElement, TypeElement::StationQualite);
+    QCOMPARE(ignorer().fin, IssueImport::Fin::ChoixUnite);
+    QCOMPARE(m_session.importSession.LigneReprise, 4);
+    QCOMPARE(ignorer().fin, IssueImport::Fin::Choix);
+    QCOMPARE(m_session.importSession.typeElement, TypeElement::Preleveur);
+    QCOMPARE(m_session.importSession.LigneReprise, 5);
+    QVERIFY(m_dialogue.messages.isEmpty());
+    QCOMPARE(ignorer().fin, IssueImport::Fin::Terminee);
+    QCOMPARE(
+        m_dialogue.messages.last().texte,
+        "L'import du fichier Excel vers la base de données est achevé.\n2 mesures physico-chimiques ont été "
+        "enregistrées. ");
+    QCOMPARE(compte("SELECT COUNT(*) FROM PRELEVEMENT WHERE DatePrel >= '2019-04-01'"), 2);
 }
 
 void TestClasseursDemonstration::debits()
