@@ -6,7 +6,7 @@
 struct sqlite3;
 
 // The collation FRANCAIS: French alphabetical order, where case makes no difference ("É" = "é") and an accent makes the
-// last one ("cote" < "côte" < "coté"). It belongs to a connection and is named in statements, never in the schema:
+// last one ("cote" < "coté" < "côte"). It belongs to a connection and is named in statements, never in the schema:
 // any SQLite tool opens the file.
 namespace Collation
 {

@@ -219,3 +219,36 @@ QString Commandes::source(const QString &nom)
 {
     return commandes().value(nom.toCaseFolded()).source;
 }
+
+// Mesure_PC and Mesure_PS give a row for each result whose parameter is of the family and whose sampling is there. The
+// index of parameters counts the first; from that are taken away the results without a sampling, which are looked for in
+// the gaps between sampling numbers: there are few gaps, and mostly nothing in them.
+QString Commandes::comptage(const QString &nom)
+{
+    QString famille;
+    if (nom.compare(QLatin1String("Mesure_PC"), Qt::CaseInsensitive) == 0)
+        famille = QStringLiteral("<>'PS'");
+    else if (nom.compare(QLatin1String("Mesure_PS"), Qt::CaseInsensitive) == 0)
+        famille = QStringLiteral("='PS'");
+    else
+        return QStringLiteral("SELECT count(*) FROM (%1)").arg(source(nom));
+    return QStringLiteral(
+               "WITH ORPHELINS AS ("
+               "SELECT CodeParam FROM MESURE_PHYSICO WHERE NumPrel IS NULL "
+               "UNION ALL SELECT CodeParam FROM MESURE_PHYSICO "
+               "WHERE NumPrel <= coalesce((SELECT min(NumPrel) FROM PRELEVEMENT) - 1, 9223372036854775807) "
+               "UNION ALL SELECT CodeParam FROM MESURE_PHYSICO "
+               "WHERE NumPrel > (SELECT max(NumPrel) FROM PRELEVEMENT) "
+               "UNION ALL SELECT M.CodeParam FROM ("
+               "SELECT NumPrel AS DEBUT, "
+               "(SELECT min(S.NumPrel) FROM PRELEVEMENT S WHERE S.NumPrel > P.NumPrel) AS FIN "
+               "FROM PRELEVEMENT P "
+               "WHERE NOT EXISTS (SELECT 1 FROM PRELEVEMENT V WHERE V.NumPrel = P.NumPrel + 1)) "
+               "CROSS JOIN MESURE_PHYSICO M WHERE M.NumPrel > DEBUT AND M.NumPrel < FIN) "
+               "SELECT coalesce((SELECT sum("
+               "(SELECT count(*) FROM MESURE_PHYSICO M WHERE M.CodeParam = PARAMETRE.CodeParam)) "
+               "FROM PARAMETRE WHERE CodeGroupeParam%1), 0) "
+               "- (SELECT count(*) FROM ORPHELINS INNER JOIN PARAMETRE "
+               "ON ORPHELINS.CodeParam = PARAMETRE.CodeParam WHERE CodeGroupeParam%1)")
+        .arg(famille);
+}

@@ -12,4 +12,7 @@ namespace Commandes
 QStringList noms();
 // The statement behind a name (any case); empty for a name that is none.
 QString source(const QString &nom);
+// A statement that counts the rows of a command (one row, one column). For those that join every result of the base it
+// is another way to the same number, quick in a base of a million results.
+QString comptage(const QString &nom);
 } // namespace Commandes

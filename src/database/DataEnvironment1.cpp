@@ -185,7 +185,8 @@ void DataEnvironment1::oublierMemoire() const
 
 qint64 DataEnvironment1::nombreLignes(const QString &commande) const
 {
-    return valeur(QStringLiteral("SELECT count(*) FROM (%1)").arg(sourceConnue(commande))).toLongLong();
+    sourceConnue(commande);
+    return valeur(Commandes::comptage(commande)).toLongLong();
 }
 
 void DataEnvironment1::verifierOuverte() const

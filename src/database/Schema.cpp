@@ -117,6 +117,21 @@ void Schema::creerTable(const QSqlDatabase &base, const QString &nom)
             Requete(base, instructionIndex(i), {});
 }
 
+void Schema::ecrireEffectifs(const QSqlDatabase &base)
+{
+    // Makes the engine's table of statistics where it is missing.
+    Requete(base, QStringLiteral("ANALYZE TECHNIQUE"), {});
+    for (const Index &i : index()) {
+        if (i.effectifs.isEmpty())
+            continue;
+        Requete(base, QStringLiteral("DELETE FROM sqlite_stat1 WHERE idx = ?"), {i.nom});
+        Requete(base, QStringLiteral("INSERT INTO sqlite_stat1 (tbl, idx, stat) VALUES (?, ?, ?)"),
+                {i.table, i.nom, i.effectifs});
+    }
+    // Makes this connection read them at once.
+    Requete(base, QStringLiteral("ANALYZE sqlite_schema"), {});
+}
+
 void Schema::creer(const QSqlDatabase &base)
 {
     Requete(base, QStringLiteral("BEGIN"), {});
@@ -128,6 +143,7 @@ void Schema::creer(const QSqlDatabase &base)
         Requete(base, QStringLiteral("INSERT INTO APPLICATIONPROPERTIES VALUES ('DbVersion', ?)"),
                 {VERSION_DONNEES.toString()});
         Requete(base, QStringLiteral("INSERT INTO TECHNIQUE VALUES (?)"), {VERSION_STRUCTURE.toString()});
+        ecrireEffectifs(base);
         Requete(base, QStringLiteral("COMMIT"), {});
     } catch (...) {
         QSqlQuery(base).exec(QStringLiteral("ROLLBACK"));

@@ -58,7 +58,10 @@ struct Index {
     QString nom;
     QString table;
     QStringList colonnes;
-    QString condition = {}; // the rows it holds; empty: all
+    QString condition; // the rows it holds; empty: all
+    // Rows of the table, then rows that share the first column, the first two, and so on, in a big study. The engine chooses
+    // between indexes by it; without, it takes the results of one manager for fewer than those of one sampling.
+    QString effectifs;
 };
 
 const QList<Table> &tables();
@@ -79,6 +82,8 @@ QString instructionVueParametrePhyto();
 // Makes a whole new store in an empty base: tables, foreign keys, view, indexes, DbVersion "4.0.1" and VERSION "2L".
 // COULEURS_GRAPH alone is left out: the opening makes and fills it (M_Couleurs::CreerCouleurs).
 void creer(const QSqlDatabase &base);
+// Writes the `effectifs` of the indexes into the store (its table sqlite_stat1), which `creer` does.
+void ecrireEffectifs(const QSqlDatabase &base);
 // Makes one table of the list with its indexes.
 void creerTable(const QSqlDatabase &base, const QString &nom);
 

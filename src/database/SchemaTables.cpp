@@ -313,37 +313,36 @@ const QList<CleEtrangere> &Schema::clesEtrangeres()
 const QList<Index> &Schema::index()
 {
     static const QList<Index> liste = [] {
-        const auto i = [](const char *nom, const char *table, const QStringList &colonnes,
-                          const QString &condition = {}) {
-            return Index{QString::fromLatin1(nom), QString::fromLatin1(table), colonnes, condition};
+        QList<Index> l;
+        const auto ajouterIndex = [&l](const char *nom, const char *table,
+                                       std::initializer_list<const char *> colonnes, const char *effectifs,
+                                       const char *condition = "") {
+            QStringList noms;
+            for (const char *colonne : colonnes)
+                noms << QString::fromLatin1(colonne);
+            l.append({QString::fromLatin1(nom), QString::fromLatin1(table), noms,
+                      QString::fromLatin1(condition), QString::fromLatin1(effectifs)});
         };
-        return QList<Index>{
-            i("IX_PRELEVEMENT_STATION", "PRELEVEMENT",
-              {QStringLiteral("CodeSandreStationM"), QStringLiteral("DatePrel"),
-               QStringLiteral("HeurePrel")}),
-            i("IX_MESURE_PHYSICO_PREL", "MESURE_PHYSICO",
-              {QStringLiteral("NumPrel"), QStringLiteral("CodeParam")}),
-            i("IX_MESURE_PHYSICO_PARAM", "MESURE_PHYSICO", {QStringLiteral("CodeParam")}),
-            // With the parameter, which tells pesticides apart: the managers and the comments that a screen offers are
-            // found by jumping from pair to pair, whatever the number of results.
-            i("IX_MESURE_PHYSICO_GEST", "MESURE_PHYSICO",
-              {QStringLiteral("CodeSandreGest"), QStringLiteral("CodeParam")}),
-            i("IX_MESURE_PHYSICO_COMM", "MESURE_PHYSICO",
-              {QStringLiteral("CommResAnaPC"), QStringLiteral("CodeParam")},
-              QStringLiteral("CommResAnaPC <> ''")),
-            i("IX_PRELEVEMENTRSX_PREL", "PRELEVEMENTRSX",
-              {QStringLiteral("NumPrel"), QStringLiteral("CodeReseau")}),
-            i("IX_PRELEVEMENTRSX_RESEAU", "PRELEVEMENTRSX", {QStringLiteral("CodeReseau")}),
-            i("IX_MESURE_HYDRO_STATION", "MESURE_HYDRO",
-              {QStringLiteral("CodeStationHM"), QStringLiteral("DateMesureHM"),
-               QStringLiteral("HeureMesureHM")}),
-            i("IX_MESURE_PLUVIO_STATION", "MESURE_PLUVIO",
-              {QStringLiteral("CodeStationPM"), QStringLiteral("DateMesurePM"),
-               QStringLiteral("CodeSandreGest")}),
-            i("IX_LOCALISATION_STATION", "LOCALISATION", {QStringLiteral("CodeSandreStationM")}),
-            i("IX_IMPORT_PAR_URF_PARAM", "IMPORT_PAR_URF", {QStringLiteral("CodeParam")}),
-            i("IX_OBJECTIF_BASSIN", "OBJECTIF", {QStringLiteral("NumBV"), QStringLiteral("CodeParam")}),
-        };
+        ajouterIndex("IX_PRELEVEMENT_STATION", "PRELEVEMENT", {"CodeSandreStationM", "DatePrel", "HeurePrel"},
+                     "40000 400 2 1");
+        ajouterIndex("IX_MESURE_PHYSICO_PREL", "MESURE_PHYSICO", {"NumPrel", "CodeParam"}, "1000000 25 1");
+        ajouterIndex("IX_MESURE_PHYSICO_PARAM", "MESURE_PHYSICO", {"CodeParam"}, "1000000 5000");
+        // With the parameter, which tells pesticides apart: the managers and the comments that a screen offers are
+        // found by jumping from pair to pair, whatever the number of results.
+        ajouterIndex("IX_MESURE_PHYSICO_GEST", "MESURE_PHYSICO", {"CodeSandreGest", "CodeParam"},
+                     "1000000 100000 5000");
+        ajouterIndex("IX_MESURE_PHYSICO_COMM", "MESURE_PHYSICO", {"CommResAnaPC", "CodeParam"},
+                     "50000 500 50", "CommResAnaPC <> ''");
+        ajouterIndex("IX_PRELEVEMENTRSX_PREL", "PRELEVEMENTRSX", {"NumPrel", "CodeReseau"}, "60000 2 1");
+        ajouterIndex("IX_PRELEVEMENTRSX_RESEAU", "PRELEVEMENTRSX", {"CodeReseau"}, "60000 5000");
+        ajouterIndex("IX_MESURE_HYDRO_STATION", "MESURE_HYDRO",
+                     {"CodeStationHM", "DateMesureHM", "HeureMesureHM"}, "100000 5000 1 1");
+        ajouterIndex("IX_MESURE_PLUVIO_STATION", "MESURE_PLUVIO",
+                     {"CodeStationPM", "DateMesurePM", "CodeSandreGest"}, "50000 5000 2 1");
+        ajouterIndex("IX_LOCALISATION_STATION", "LOCALISATION", {"CodeSandreStationM"}, "");
+        ajouterIndex("IX_IMPORT_PAR_URF_PARAM", "IMPORT_PAR_URF", {"CodeParam"}, "");
+        ajouterIndex("IX_OBJECTIF_BASSIN", "OBJECTIF", {"NumBV", "CodeParam"}, "");
+        return l;
     }();
     return liste;
 }
