@@ -185,8 +185,9 @@ void DataEnvironment1::oublierMemoire() const
 
 qint64 DataEnvironment1::nombreLignes(const QString &commande) const
 {
+    verifierOuverte();
     sourceConnue(commande);
-    return valeur(Commandes::comptage(commande)).toLongLong();
+    return m_etat->memoire->table(Commandes::comptage(commande))->valeur(0, 0).toLongLong();
 }
 
 void DataEnvironment1::verifierOuverte() const

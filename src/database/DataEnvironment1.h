@@ -52,7 +52,7 @@ public:
     // To call after a table was altered by a statement of ours.
     void oublierMemoire() const;
 
-    // Number of rows that a named command gives.
+    // Number of rows that a named command gives; reckoned again only when something behind it has changed.
     qint64 nombreLignes(const QString &commande) const;
 
 private:

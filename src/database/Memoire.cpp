@@ -4,9 +4,15 @@
 #include "platform/Erreur.h"
 
 #include <sqlite3.h>
+#include <utility>
 
 namespace
 {
+constexpr qint64 DELAI_DEMANDE_MS = 20;
+
+// Changed rows announced to every Memoire of this program. All of them live in the main thread.
+quint64 changementsDuProgramme = 0;
+
 [[noreturn]] void echouer(sqlite3 *base)
 {
     throw Erreur(sqlite3_extended_errcode(base), QString::fromUtf8(sqlite3_errmsg(base)));
@@ -98,7 +104,8 @@ qsizetype TableMemoire::premiere(const QString &colonne, const QString &valeur) 
     return lignes.isEmpty() ? -1 : lignes.first();
 }
 
-Memoire::Memoire(sqlite3 *base) : m_base(base), m_totalVu(sqlite3_total_changes64(base))
+Memoire::Memoire(sqlite3 *base)
+    : m_base(base), m_autresVus(changementsDuProgramme), m_totalVu(sqlite3_total_changes64(base))
 {
     if (sqlite3_prepare_v3(base, "PRAGMA data_version", -1, SQLITE_PREPARE_PERSISTENT, &m_versionDonnees,
                            nullptr) != SQLITE_OK)
@@ -108,6 +115,8 @@ Memoire::Memoire(sqlite3 *base) : m_base(base), m_totalVu(sqlite3_total_changes6
         [](void *moi, int, const char *, const char *table, sqlite3_int64) {
             auto *memoire = static_cast<Memoire *>(moi);
             ++memoire->m_annonces;
+            ++memoire->m_miens;
+            ++changementsDuProgramme;
             ++memoire->m_parTable[QByteArray(table).toLower()];
         },
         this);
@@ -123,16 +132,28 @@ Memoire::~Memoire()
     sqlite3_finalize(m_versionDonnees);
 }
 
-void Memoire::voirLesChangements()
+bool Memoire::autreConnexionAEcrit()
 {
+    const quint64 autres = changementsDuProgramme - m_miens;
+    if (autres == m_autresVus && m_derniereDemande.isValid() &&
+        m_derniereDemande.elapsed() < DELAI_DEMANDE_MS)
+        return false;
+    m_autresVus = autres;
+    m_derniereDemande.start();
     const int code = sqlite3_step(m_versionDonnees);
     const qint64 version = code == SQLITE_ROW ? sqlite3_column_int64(m_versionDonnees, 0) : -1;
     sqlite3_reset(m_versionDonnees);
+    return std::exchange(m_derniereVersion, version) != version || version < 0;
+}
+
+void Memoire::voirLesChangements()
+{
     const qint64 total = sqlite3_total_changes64(m_base);
     // A whole table emptied at once is counted, but not announced row by row.
-    if (version != m_derniereVersion || version < 0 || total - m_totalVu != m_annonces)
+    if (total - m_totalVu != m_annonces)
         oublier();
-    m_derniereVersion = version;
+    if (autreConnexionAEcrit())
+        oublier();
     m_totalVu = total;
     m_annonces = 0;
 }

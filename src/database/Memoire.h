@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <QByteArray>
+#include <QElapsedTimer>
 #include <QHash>
 #include <QList>
 #include <QString>
@@ -20,6 +21,7 @@ public:
 
     qsizetype nombreLignes() const { return m_lignes.size(); }
     QVariant valeur(qsizetype ligne, const QString &colonne) const;
+    QVariant valeur(qsizetype ligne, int colonne) const { return m_lignes[ligne][colonne]; }
     QString texte(qsizetype ligne, const QString &colonne) const { return valeur(ligne, colonne).toString(); }
 
     // Rows whose column equals this value, whatever the case of its letters (É = é), in order.
@@ -37,8 +39,9 @@ private:
 };
 
 // Keeps such tables for one connection, and reads one again when a table behind it has changed. Changes of this connection
-// are told by the engine table by table, so that an import does not make it reread the reference tables; those of other
-// connections by "PRAGMA data_version".
+// are told by the engine table by table, so that an import does not make it reread the reference tables. Those of other
+// connections are told by "PRAGMA data_version", which costs more than a search: it is asked at once after a change by
+// another DataEnvironment1 of this program, and every 20 ms for the sake of other programs.
 class Memoire
 {
 public:
@@ -60,12 +63,17 @@ private:
     };
 
     void voirLesChangements();
+    // Whether another connection has written since the last time.
+    bool autreConnexionAEcrit();
     quint64 changements(const QList<QByteArray> &tables) const;
     Entree lire(const QString &sql) const;
 
     sqlite3 *m_base;
     sqlite3_stmt *m_versionDonnees = nullptr;
     qint64 m_derniereVersion = -1;
+    QElapsedTimer m_derniereDemande;
+    quint64 m_miens = 0;      // changed rows that this connection has announced, ever
+    quint64 m_autresVus = 0;  // those of the program's other connections at the last demand
     qint64 m_totalVu = 0;     // the engine's count of changed rows
     qint64 m_annonces = 0;    // changed rows that the engine has announced since
     quint64 m_generation = 0; // moves when anything may have changed

@@ -4,6 +4,7 @@
 #include "database/M_Referentiels.h"
 #include "platform/Erreur.h"
 
+#include <QProcess>
 #include <QTest>
 
 using namespace M_Referentiels;
@@ -239,6 +240,15 @@ void TestReferentiels::unChangementDUneAutreConnexionSeVoit()
     autre.ouvrir(base.chemin);
     autre.executer(QStringLiteral("INSERT INTO RESEAU_MESURE VALUES ('0400000003', 'Autre réseau', '')"));
     QCOMPARE(CodeReseauDeLibelle(base.donnees, QStringLiteral("Autre réseau")), QStringLiteral("0400000003"));
+    // Another program is noticed within a moment.
+    QProcess outil;
+    outil.start(QStringLiteral("sqlite3"),
+                {base.chemin,
+                 QStringLiteral(
+                     "UPDATE RESEAU_MESURE SET LibelleReseau = 'Renommé' WHERE CodeReseau = '0400000003'")});
+    QVERIFY(outil.waitForFinished());
+    QTRY_COMPARE_WITH_TIMEOUT(LibelleReseauDeCode(base.donnees, QStringLiteral("0400000003")),
+                              QStringLiteral("Renommé"), 1000);
 }
 
 void TestReferentiels::uneTransactionDefaiteSeVoit()
