@@ -130,6 +130,24 @@ void Feuille::hauteurLigne(int ligne, int centiemesMm)
     });
 }
 
+void Feuille::hauteurLignes(int ligne, int nombre, int centiemesMm)
+{
+    m_donnees->appeler([&] {
+        const Reference<css::table::XColumnRowRange> bande(
+            m_donnees->feuille->getCellRangeByPosition(0, ligne - 1, 0, ligne + nombre - 2), UNO_QUERY_THROW);
+        Reference<css::beans::XPropertySet>(bande->getRows(), UNO_QUERY_THROW)
+            ->setPropertyValue("Height", Any(static_cast<sal_Int32>(centiemesMm)));
+    });
+}
+
+void Feuille::sautDePage(int ligne)
+{
+    m_donnees->appeler([&] {
+        Reference<css::beans::XPropertySet>(lignesDe(*m_donnees)->getByIndex(ligne - 1), UNO_QUERY_THROW)
+            ->setPropertyValue("IsStartOfNewPage", Any(true));
+    });
+}
+
 void Feuille::largeurColonne(int colonne, int centiemesMm)
 {
     m_donnees->appeler([&] {

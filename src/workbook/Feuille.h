@@ -32,10 +32,14 @@ public:
     // Height of a row and width of a column, in hundredths of a millimetre.
     void hauteurLigne(int ligne, int centiemesMm);
     void largeurColonne(int colonne, int centiemesMm);
+    // The same height for several rows, in one go.
+    void hauteurLignes(int ligne, int nombre, int centiemesMm);
     // Adjusts a row's height to what it holds.
     void hauteurOptimale(int ligne);
 
     void mettreEnPage(const MiseEnPage &page);
+    // A new page begins with this row.
+    void sautDePage(int ligne);
     // Prints this part only.
     void zoneImpression(const Plage &plage);
     // Hides the sheet, or shows it again.

@@ -75,9 +75,10 @@ std::unique_ptr<Classeur> Tableur::ouvrir(const QString &cheminHote, bool lectur
     const std::shared_ptr<InstanceCalc> courante = instance();
     std::vector<css::beans::PropertyValue> options{
         propriete("Hidden", Any(true)),
-        // Always as a reader: what another program holds open is read all the same, and left as it is. Saving under
-        // the same name goes by `enregistrer`, which makes its own checks.
-        propriete("ReadOnly", Any(true)),
+        // Never as the file's owner: what another program holds open is read all the same, and left as it is. A document
+        // opened as a reader refuses to be written in, one made from the file as from a template does not; saving under
+        // the file's name goes by `enregistrer`, which makes its own checks.
+        propriete(lectureSeule ? "ReadOnly" : "AsTemplate", Any(true)),
         propriete("FilterName", Any(rtl::OUString::createFromAscii(filtreDe(examen.format)))),
         propriete("UpdateDocMode", Any(css::document::UpdateDocMode::NO_UPDATE)),
         propriete("MacroExecutionMode", Any(css::document::MacroExecMode::NEVER_EXECUTE)),
