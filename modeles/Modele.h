@@ -1,0 +1,10 @@
+// The templates that this folder makes. A new one is a function here and a line in the list of faire_modeles.cpp.
+#pragma once
+
+class Classeur;
+
+namespace Modele
+{
+// "rapport.xls": the physico-chemical statistics report.
+void rapport(Classeur &classeur);
+} // namespace Modele
