@@ -13,8 +13,8 @@ struct CommandeRapport;
 namespace M_Concentration_OVRA
 {
 // Parameter whose results are told apart by fraction, and the fraction for which the SEQ grid holds.
-inline constexpr QStringView CARBONE_ORGANIQUE = u"1841";
-inline constexpr QStringView FRACTION_DE_LA_GRILLE = u"23";
+inline constexpr char16_t CARBONE_ORGANIQUE[] = u"1841";
+inline constexpr char16_t FRACTION_DE_LA_GRILLE[] = u"23";
 
 // Fills the sheet "Données" of an open workbook made from "rapport.xls" (or any template with that sheet) and returns
 // the number of measures written: 0 means that there was nothing to report, and then a message may have said why.
