@@ -182,7 +182,8 @@ std::optional<QString> DialogueQt::choisirFichier(const DemandeFichier &demande)
                        demande.enregistrer ? QStringLiteral("&Enregistrer") : QStringLiteral("&Ouvrir"));
     choix.setLabelText(QFileDialog::Reject, QStringLiteral("Annuler"));
     choix.setLabelText(QFileDialog::FileName, QStringLiteral("&Nom du fichier :"));
-    choix.setLabelText(QFileDialog::FileType, QStringLiteral("&Type de fichier :"));
+    choix.setLabelText(QFileDialog::FileType, QStringLiteral("Type de fichier :"));
+    choix.resize(820, 500);
     choix.setLabelText(QFileDialog::LookIn, QStringLiteral("Chercher dans :"));
     if (demande.enregistrer)
         choix.setDefaultSuffix(demande.extensionDefaut);

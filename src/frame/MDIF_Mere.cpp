@@ -24,11 +24,11 @@ namespace
 constexpr char16_t TITRE[] = u"Ovralis - Outil Local";
 constexpr int INTERVALLE_TIMER1_MS = 50;
 
-// Nine tenths of a small screen; on a large one no more than the screens have use for.
+// Nearly the whole of a small screen; on a large one no more than the screens have use for.
 QRect premierePlace(const QRect &ecran)
 {
     const QSize taille =
-        QSize(ecran.width() * 92 / 100, ecran.height() * 90 / 100).boundedTo(QSize(1500, 940));
+        QSize(ecran.width() * 96 / 100, ecran.height() * 92 / 100).boundedTo(QSize(1500, 940));
     QRect place(QPoint(), taille);
     place.moveCenter(ecran.center());
     return place;
