@@ -92,7 +92,8 @@ void Ecran::keyPressEvent(QKeyEvent *evenement)
         return;
     }
     evenement->accept();
-    if (bouton->isEnabled())
+    // On another tab the main button is out of sight, and Enter has nothing to do.
+    if (bouton->isEnabled() && (bouton == m_fermeture || bouton->isVisible()))
         bouton->click();
 }
 

@@ -1,5 +1,5 @@
+#include "CadreDEssai.h"
 #include "DialogueDEssai.h"
-#include "frame/Cadre.h"
 #include "frame/Session.h"
 #include "platform/Erreur.h"
 #include "widgets/Ecran.h"
@@ -18,13 +18,6 @@
 
 namespace
 {
-class CadreDEssai : public Cadre
-{
-public:
-    void montrer(QWidget *) override {}
-    void reduire() override {}
-};
-
 class EcranDEssai : public Ecran
 {
 public:
