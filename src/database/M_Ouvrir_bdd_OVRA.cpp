@@ -106,6 +106,8 @@ bool M_Ouvrir_bdd_OVRA::OuvrirBase(Ouverture &o)
                     "Ce fichier est une base Access, que cette version de l'outil ne convertit "
                     "pas."));
             fichier = o.etapes.ConvertirBase97(o.FichierBase);
+            if (fichier.isEmpty())
+                return false;
             convertie = true;
         }
         o.VersionAccess = LireVersionAccess(o, fichier);

@@ -14,7 +14,8 @@ struct EtapesOuverture {
     std::function<void()> CreerCouleurs;
     std::function<void()> ChargerCouleurs;
 
-    // Makes of a Jet file a store beside it and returns the store's host path; the opening goes on there.
+    // Makes of a Jet file a store beside it and returns the store's host path; the opening goes on there. Empty once the
+    // user has been told that the file is refused.
     std::function<QString(const QString &fichierJet)> ConvertirBase97;
     // Tells that step what became of the store, with no connection on it: accepted, it is put in the place of the file,
     // else thrown away.

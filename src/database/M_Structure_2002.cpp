@@ -241,19 +241,27 @@ void M_Structure_2002::RemplacerChamp(const DataEnvironment1 &donnees, const QSt
 void M_Structure_2002::MettreAJourVersion(const DataEnvironment1 &donnees)
 {
     const QSqlDatabase &base = donnees.Connect_Bdd();
-    for (const QString &table : Structure::tables(base)) {
-        if (memeNom(table, "MESURE_PHYSICO") || memeNom(table, "PRELEVEMENTRSX"))
-            RefaireClesEtrangeres(donnees, table);
-        for (const ColonneCommentaire &c : COMMENTAIRES)
-            if (memeNom(table, c.table))
-                RetyperColonne(donnees, table, QString::fromLatin1(c.colonne), LONGUEUR_COMMENTAIRE);
+    {
+        const ReglagesStructure reglages(base);
+        Transaction transaction(base);
+        for (const QString &table : Structure::tables(base)) {
+            if (memeNom(table, "MESURE_PHYSICO") || memeNom(table, "PRELEVEMENTRSX"))
+                RefaireClesEtrangeres(donnees, table);
+            for (const ColonneCommentaire &c : COMMENTAIRES)
+                if (memeNom(table, c.table))
+                    RetyperColonne(donnees, table, QString::fromLatin1(c.colonne), LONGUEUR_COMMENTAIRE);
+        }
+        transaction.valider();
     }
+    // From here the cascades made above are at work.
+    Transaction transaction(base);
     if (Structure::tableExiste(base, QStringLiteral("RESEAU_MESURE")))
         corrigerReseau(donnees);
     if (Structure::tableExiste(base, QStringLiteral("INTERVENANT")))
         corrigerIntervenants(donnees);
     donnees.executer(QStringLiteral(
         "UPDATE APPLICATIONPROPERTIES SET PROPERTYVALUE = '4.0.1' WHERE PROPERTYNAME LIKE 'DbVersion'"));
+    transaction.valider();
     donnees.oublierMemoire();
 }
 

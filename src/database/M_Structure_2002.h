@@ -10,8 +10,8 @@ class Dialogue;
 namespace M_Structure_2002
 {
 // From DbVersion "4.0.0" to "4.0.1": foreign keys with their cascades, comment columns of 255 characters, three fixed
-// corrections of the contents, and the version. Each step can be run again on what an interrupted run left; a table that
-// is absent is skipped. A failure is an Erreur and leaves "4.0.0".
+// corrections of the contents, and the version. Copes with what an interrupted run left; a table that is absent is
+// skipped. A failure is an Erreur and leaves "4.0.0".
 void MettreAJourVersion(const DataEnvironment1 &donnees);
 
 struct Transposition {

@@ -1,5 +1,6 @@
 #include "frame/OuvertureBase.h"
 
+#include "database/jet/EtapesJet.h"
 #include "database/M_Ouvrir_bdd_OVRA.h"
 #include "database/M_Structure_2002.h"
 #include "frame/Session.h"
@@ -25,6 +26,7 @@ bool ouvrirBase(Session &session)
             session.donnees, {session.dialogue, session.CheminBase + QStringLiteral("corresp_reseaux.xls"),
                               transposerReseaux});
     };
+    EtapesJet::brancher(ouverture.etapes, session.dialogue);
     const bool ouverte = M_Ouvrir_bdd_OVRA::OuvrirBase(ouverture);
     session.ChaineFournisseur = ouverture.ChaineFournisseur;
     session.VersionAccess = ouverture.VersionAccess;

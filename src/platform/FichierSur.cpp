@@ -19,7 +19,7 @@ namespace
 {
 [[noreturn]] void echouer(int numero, const QString &geste, const QString &chemin)
 {
-    throw Erreur(numero, QStringLiteral("%1 « %2 » : %3").arg(geste, chemin, qt_error_string(numero)));
+    throw Erreur(numero, QStringLiteral("%1 « %2 » : %3").arg(geste, chemin, FichierSur::raison(numero)));
 }
 } // namespace
 
@@ -66,21 +66,69 @@ void FichierSur::remplacer(const QString &source, const QString &cible)
                 QStringLiteral("Copie impossible vers « %1 » : %2").arg(preparation, origine.errorString()));
         if (actuel.exists())
             QFile::setPermissions(preparation, actuel.permissions());
-        synchroniser(preparation);
-#ifdef Q_OS_WIN
-        if (!MoveFileExW(reinterpret_cast<const wchar_t *>(preparation.utf16()),
-                         reinterpret_cast<const wchar_t *>(destination.utf16()),
-                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-            echouer(static_cast<int>(GetLastError()), QStringLiteral("Remplacement impossible de"),
-                    destination);
-#else
-        if (std::rename(QFile::encodeName(preparation).constData(),
-                        QFile::encodeName(destination).constData()) != 0)
-            echouer(errno, QStringLiteral("Remplacement impossible de"), destination);
-#endif
+        mettreEnPlace(preparation, destination);
     } catch (...) {
         QFile::remove(preparation);
         throw;
     }
+}
+
+void FichierSur::mettreEnPlace(const QString &preparation, const QString &destination)
+{
+    synchroniser(preparation);
+#ifdef Q_OS_WIN
+    if (!MoveFileExW(reinterpret_cast<const wchar_t *>(preparation.utf16()),
+                     reinterpret_cast<const wchar_t *>(destination.utf16()),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        echouer(static_cast<int>(GetLastError()), QStringLiteral("Remplacement impossible de"), destination);
+#else
+    if (std::rename(QFile::encodeName(preparation).constData(), QFile::encodeName(destination).constData()) !=
+        0)
+        echouer(errno, QStringLiteral("Remplacement impossible de"), destination);
+#endif
     synchroniser(QFileInfo(destination).absolutePath());
+}
+
+void FichierSur::doubler(const QString &fichier, const QString &nouveau)
+{
+#ifdef Q_OS_WIN
+    const bool lie = CreateHardLinkW(reinterpret_cast<const wchar_t *>(nouveau.utf16()),
+                                     reinterpret_cast<const wchar_t *>(fichier.utf16()), nullptr);
+#else
+    const bool lie =
+        ::link(QFile::encodeName(fichier).constData(), QFile::encodeName(nouveau).constData()) == 0;
+#endif
+    if (lie) {
+        synchroniser(QFileInfo(nouveau).absolutePath());
+        return;
+    }
+    if (QFileInfo::exists(nouveau))
+        throw Erreur(0, QStringLiteral("Le fichier « %1 » existe déjà.").arg(nouveau));
+    remplacer(fichier, nouveau);
+}
+
+QString FichierSur::raison(int numero)
+{
+#ifndef Q_OS_WIN
+    switch (numero) {
+    case EACCES:
+    case EPERM:
+        return QStringLiteral("Vous n'avez pas le droit d'écrire à cet endroit.");
+    case EROFS:
+        return QStringLiteral("Le disque est en lecture seule.");
+    case ENOSPC:
+    case EDQUOT:
+        return QStringLiteral("Le disque est plein.");
+    case ENOENT:
+        return QStringLiteral("Le fichier ou le dossier n'existe pas.");
+    case EBUSY:
+    case ETXTBSY:
+        return QStringLiteral("Le fichier est utilisé par un autre programme.");
+    case EIO:
+        return QStringLiteral("Une erreur de lecture ou d'écriture s'est produite sur le disque.");
+    default:
+        break;
+    }
+#endif
+    return qt_error_string(numero);
 }

@@ -12,6 +12,17 @@ void synchroniser(const QString &chemin);
 // Erreur leaves `destination` as it was and no partial copy.
 void remplacer(const QString &source, const QString &destination);
 
+// Renames `preparation`, written in the folder of `destination`, onto it in one step, after having synchronised it. An
+// Erreur leaves both as they were.
+void mettreEnPlace(const QString &preparation, const QString &destination);
+
+// Another name for the same content, in the same folder: a second name of the file where the file system has such, else
+// a copy. `nouveau` must not exist. An Erreur leaves nothing under that name.
+void doubler(const QString &fichier, const QString &nouveau);
+
+// The reason of a failure in French, by its number; the system's own words for one that is not known here.
+QString raison(int numero);
+
 // The name under which `remplacer` prepares the copy; a leftover of a killed run may be removed.
 QString nomDePreparation(const QString &destination);
 } // namespace FichierSur

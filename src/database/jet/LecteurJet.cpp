@@ -17,6 +17,7 @@ using namespace ProtocoleJet;
 namespace
 {
 constexpr int ERREUR_LECTEUR = 3051; // Jet's own number for a base that it cannot open
+constexpr int ERREUR_ENDOMMAGE = 3049;
 constexpr int BATTEMENT_MS = 40;
 
 QString programmeLecteur()
