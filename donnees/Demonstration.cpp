@@ -12,7 +12,7 @@ namespace
 const QDate PREMIER_JOUR(2008, 1, 1);
 const QDate DERNIER_JOUR(2018, 12, 31);
 constexpr int BASSIN = 1;
-const char *const NOM_BASSIN = "Bassin versant de la Landrezelle";
+const char *const NOM_BASSIN = "La Landrezelle";
 const char *const GESTIONNAIRE_PLUIE = "99900000100011";
 
 void remplirLien(const QSqlDatabase &base, const QString &table, const QStringList &colonnes,

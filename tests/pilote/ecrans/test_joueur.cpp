@@ -169,7 +169,7 @@ private Q_SLOTS:
                                  "menu_actif m_quitter\n"
                                  "menu_inactif m_import_stations\n"
                                  "titre_fenetre F_Essai \"Un essai\"\n"
-                                 "titre \"Ovralis - Outil Local / Bassin versant de la Landrezelle\"\n"
+                                 "titre \"Ovralis - Outil Local / La Landrezelle\"\n"
                                  "capture \"mere.png\"\n"
                                  "capture_fenetre F_Essai \"essai.png\"\n"
                                  "fichier_existe \"mere.png\"\n"
