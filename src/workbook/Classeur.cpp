@@ -1,11 +1,10 @@
 #include "workbook/Classeur.h"
 
-#include "platform/Chemins.h"
 #include "workbook/DonneesClasseur.h"
+#include "workbook/Enregistrement.h"
 
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/container/XNamed.hpp>
-#include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/lang/Locale.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XCellRangeReferrer.hpp>
@@ -16,10 +15,7 @@
 #include <com/sun/star/util/XNumberFormats.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
 #include <com/sun/star/util/XNumberFormatTypes.hpp>
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QStorageInfo>
 
 using css::uno::Any;
 using css::uno::Reference;
@@ -27,49 +23,9 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace
 {
-enum Numero { FeuilleAbsente = 30, PasEnregistre, DejaFerme, NomRefuse };
+enum Numero { FeuilleAbsente = 30, SansNom, DejaFerme, NomRefuse };
 
-// What keeps a file from being written, in words; empty when nothing is known to.
-QString obstacle(const QString &chemin)
-{
-    const QFileInfo info(chemin);
-    const QString dossier = QDir::toNativeSeparators(info.absolutePath());
-    if (!QFileInfo(info.absolutePath()).isDir())
-        return QStringLiteral("le dossier « %1 » n'existe pas.").arg(dossier);
-    if (info.isDir())
-        return QStringLiteral("un dossier porte déjà ce nom.");
-    if (QStorageInfo(info.absolutePath()).isReadOnly())
-        return QStringLiteral("ce disque est en lecture seule.");
-    if (info.exists() && !info.isWritable())
-        return QStringLiteral("ce fichier est protégé contre l'écriture.");
-    if (!info.exists() && !QFileInfo(info.absolutePath()).isWritable())
-        return QStringLiteral("le dossier « %1 » est protégé contre l'écriture.").arg(dossier);
-    // LibreOffice says with this file that it holds a document open; its first field names the user.
-    QFile verrou(QStringLiteral("%1/.~lock.%2#").arg(info.absolutePath(), info.fileName()));
-    if (info.exists() && verrou.exists()) {
-        QString par;
-        if (verrou.open(QIODevice::ReadOnly))
-            par = QString::fromUtf8(verrou.read(200)).section(QLatin1Char(','), 0, 0).trimmed();
-        return QStringLiteral("ce fichier est ouvert dans un autre programme%1. Fermez-le, puis recommencez.")
-            .arg(par.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(par));
-    }
-    // A program that locks what it holds open refuses a second writer.
-    QFile essai(chemin);
-    if (info.exists() && !essai.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
-        return QStringLiteral("ce fichier est ouvert dans un autre programme. Fermez-le, puis recommencez.");
-    return {};
-}
-
-QString motifEchec(const QString &chemin, const QString &raison)
-{
-    constexpr qint64 PLACE_MINIMALE = 1'000'000;
-    const qint64 libre = QStorageInfo(QFileInfo(chemin).absolutePath()).bytesAvailable();
-    if (libre >= 0 && libre < PLACE_MINIMALE)
-        return QStringLiteral("le disque est plein.");
-    return QStringLiteral("l'écriture a échoué (%1).").arg(raison);
-}
-
-rtl::OUString filtrePour(const QString &chemin)
+const char *filtrePour(const QString &chemin)
 {
     const QString extension = QFileInfo(chemin).suffix().toLower();
     if (extension == QLatin1String("xlsx"))
@@ -79,34 +35,6 @@ rtl::OUString filtrePour(const QString &chemin)
     return "MS Excel 97";
 }
 
-void ecrireFichier(Classeur::Donnees &donnees, const QString &chemin, const rtl::OUString &filtre,
-                   bool exporter)
-{
-    const auto refuser = [&chemin](const QString &raison) {
-        throw Erreur(PasEnregistre, QStringLiteral("Le fichier « %1 » ne peut pas être enregistré : %2")
-                                        .arg(Chemins::titre(chemin), raison));
-    };
-    donnees.ouvert();
-    if (const QString raison = obstacle(chemin); !raison.isEmpty())
-        refuser(raison);
-    try {
-        donnees.instance->appeler(donnees.instance->delais().fichier, [&] {
-            const Reference<css::frame::XStorable> stockable(donnees.document, UNO_QUERY_THROW);
-            const rtl::OUString url =
-                versUno(InstallationCalc::urlDossier(QFileInfo(chemin).absoluteFilePath()));
-            const auto options =
-                description({propriete("FilterName", Any(filtre)), propriete("Overwrite", Any(true))});
-            if (exporter)
-                stockable->storeToURL(url, options);
-            else
-                stockable->storeAsURL(url, options);
-        });
-    } catch (const ErreurTableur &) {
-        throw;
-    } catch (const Erreur &e) {
-        refuser(motifEchec(chemin, e.description()));
-    }
-}
 } // namespace
 
 Classeur::Donnees::Donnees(std::shared_ptr<InstanceCalc> instanceCalc,
@@ -168,7 +96,7 @@ Classeur::~Classeur()
 
 void Classeur::enregistrerSous(const QString &cheminHote)
 {
-    ecrireFichier(*m_donnees, cheminHote, filtrePour(cheminHote), false);
+    ecrireClasseur(*m_donnees, cheminHote, filtrePour(cheminHote));
     m_donnees->chemin = cheminHote;
     m_donnees->lectureSeule = false;
 }
@@ -176,15 +104,15 @@ void Classeur::enregistrerSous(const QString &cheminHote)
 void Classeur::enregistrer()
 {
     if (m_donnees->lectureSeule || m_donnees->chemin.isEmpty())
-        throw Erreur(PasEnregistre,
+        throw Erreur(SansNom,
                      QStringLiteral("Ce classeur est ouvert en lecture seule ou n'a pas encore de nom : "
                                     "il ne peut pas être enregistré."));
-    ecrireFichier(*m_donnees, m_donnees->chemin, filtrePour(m_donnees->chemin), false);
+    ecrireClasseur(*m_donnees, m_donnees->chemin, filtrePour(m_donnees->chemin));
 }
 
 void Classeur::exporterPdf(const QString &cheminHote)
 {
-    ecrireFichier(*m_donnees, cheminHote, "calc_pdf_Export", true);
+    ecrireClasseur(*m_donnees, cheminHote, "calc_pdf_Export");
 }
 
 void Classeur::fermer()

@@ -126,7 +126,8 @@ void InstanceCalc::attendre(const std::function<void()> &ceder)
                 echouer(Demarrage, QStringLiteral("LibreOffice Calc s'est arrêté pendant son démarrage. ") +
                                        m_echecConnexion);
         } else if (!m_processus->vivant()) {
-            if (demandeRelance(m_processus->codeSortie())) {
+            if (demandeRelance(m_processus->codeSortie()) && !m_relancee) {
+                m_relancee = true;
                 m_processus->relancer();
                 m_garde.definirProcessus(m_processus->numero());
                 continue;

@@ -36,6 +36,8 @@ public:
     {
         return m_processus && m_processus->vivant() ? m_processus->numero() : 0;
     }
+    // Host path of a folder that goes with the instance.
+    QString dossierTemporaire() const { return m_profil->path() + QStringLiteral("/tmp"); }
     const DelaisTableur &delais() const { return m_delais; }
     const css::uno::Reference<css::uno::XComponentContext> &contexte() const { return m_contexte; }
     const css::uno::Reference<css::frame::XComponentLoader> &chargeur() const { return m_chargeur; }
@@ -77,6 +79,7 @@ private:
     std::future<void> m_connexion;
     QString m_echecConnexion; // written by the connection's thread, read after its end
     bool m_prete = false;
+    bool m_relancee = false; // it asked for it, once
     css::uno::Reference<css::uno::XComponentContext> m_contexte;
     css::uno::Reference<css::frame::XComponentLoader> m_chargeur;
 };

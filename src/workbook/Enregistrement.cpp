@@ -1,0 +1,107 @@
+#include "workbook/Enregistrement.h"
+
+#include "platform/Chemins.h"
+
+#include <com/sun/star/frame/XStorable.hpp>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStorageInfo>
+
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::UNO_QUERY_THROW;
+
+namespace
+{
+enum Numero { PasEnregistre = 70 };
+
+// What keeps a file from being written, in words; empty when nothing is known to.
+QString obstacle(const QString &chemin)
+{
+    const QFileInfo info(chemin);
+    const QString dossier = QDir::toNativeSeparators(info.absolutePath());
+    if (!QFileInfo(info.absolutePath()).isDir())
+        return QStringLiteral("le dossier « %1 » n'existe pas.").arg(dossier);
+    if (info.isDir())
+        return QStringLiteral("un dossier porte déjà ce nom.");
+    if (QStorageInfo(info.absolutePath()).isReadOnly())
+        return QStringLiteral("ce disque est en lecture seule.");
+    if (info.exists() && !info.isWritable())
+        return QStringLiteral("ce fichier est protégé contre l'écriture.");
+    if (!info.exists() && !QFileInfo(info.absolutePath()).isWritable())
+        return QStringLiteral("le dossier « %1 » est protégé contre l'écriture.").arg(dossier);
+    // LibreOffice says with this file that it holds a document open; its first field names the user.
+    QFile verrou(QStringLiteral("%1/.~lock.%2#").arg(info.absolutePath(), info.fileName()));
+    if (info.exists() && verrou.exists()) {
+        QString par;
+        if (verrou.open(QIODevice::ReadOnly))
+            par = QString::fromUtf8(verrou.read(200)).section(QLatin1Char(','), 0, 0).trimmed();
+        return QStringLiteral("ce fichier est ouvert dans un autre programme%1. Fermez-le, puis recommencez.")
+            .arg(par.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(par));
+    }
+    // A program that locks what it holds open refuses a second writer.
+    QFile essai(chemin);
+    if (info.exists() && !essai.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+        return QStringLiteral("ce fichier est ouvert dans un autre programme. Fermez-le, puis recommencez.");
+    return {};
+}
+
+// Why a write failed, `raison` being the system's own words.
+QString motifEchec(const QString &dossier, const QString &raison)
+{
+    constexpr qint64 PLACE_MINIMALE = 1'000'000;
+    const qint64 libre = QStorageInfo(dossier).bytesAvailable();
+    if (libre >= 0 && libre < PLACE_MINIMALE)
+        return QStringLiteral("le disque est plein.");
+    return QStringLiteral("l'écriture a échoué (%1).").arg(raison);
+}
+
+// Copies a file over another, which is replaced at the end only. The reason of a failure, else nothing.
+QString mettreEnPlace(const QString &source, const QString &chemin)
+{
+    constexpr qint64 MORCEAU = 1 << 20;
+    QFile lu(source);
+    QSaveFile ecrit(chemin);
+    bool bon = lu.open(QIODevice::ReadOnly) && ecrit.open(QIODevice::WriteOnly);
+    while (bon && !lu.atEnd()) {
+        const QByteArray octets = lu.read(MORCEAU);
+        bon = !octets.isEmpty() && ecrit.write(octets) == octets.size();
+    }
+    if (bon && ecrit.commit())
+        return {};
+    return motifEchec(QFileInfo(chemin).absolutePath(), ecrit.errorString());
+}
+} // namespace
+
+void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre)
+{
+    const auto refuser = [&cheminHote](const QString &raison) {
+        throw Erreur(PasEnregistre, QStringLiteral("Le fichier « %1 » ne peut pas être enregistré : %2")
+                                        .arg(Chemins::titre(cheminHote), raison));
+    };
+    donnees.ouvert();
+    if (const QString raison = obstacle(cheminHote); !raison.isEmpty())
+        refuser(raison);
+
+    const QString dossier = donnees.instance->dossierTemporaire();
+    const QString provisoire = dossier + QStringLiteral("/classeur");
+    try {
+        donnees.instance->appeler(donnees.instance->delais().fichier, [&] {
+            Reference<css::frame::XStorable>(donnees.document, UNO_QUERY_THROW)
+                ->storeToURL(
+                    versUno(InstallationCalc::urlDossier(provisoire)),
+                    description({propriete("FilterName", Any(rtl::OUString::createFromAscii(filtre))),
+                                 propriete("Overwrite", Any(true))}));
+        });
+    } catch (const ErreurTableur &) {
+        throw;
+    } catch (const Erreur &e) {
+        refuser(motifEchec(dossier, e.description()));
+    }
+    const QString raison = mettreEnPlace(provisoire, cheminHote);
+    QFile::remove(provisoire);
+    if (!raison.isEmpty())
+        refuser(raison);
+}

@@ -1,0 +1,9 @@
+// Writing a workbook to a file, so that the file is either the whole workbook or what it was before.
+// Needs the headers of the office: included by the sources of this folder only.
+#pragma once
+
+#include "workbook/DonneesClasseur.h"
+
+// The spreadsheet writes into its own temporary folder, and the finished file is put in place from there: an instance
+// that is killed meanwhile leaves nothing beside the user's documents. An Erreur tells why the file cannot be written.
+void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre);
