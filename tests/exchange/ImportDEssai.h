@@ -8,6 +8,7 @@
 #include "exchange/M_Import_OVRA.h"
 #include "frame/Session.h"
 
+#include <functional>
 #include <memory>
 #include <QTemporaryDir>
 
@@ -94,10 +95,31 @@ inline FeuillePluvio feuillePluvio()
              {C::Gestionnaire, QStringLiteral("Agence de l'eau")}}};
 }
 
+// A dialogue that lets a test step in at each row of a run.
+class DialogueGuettant : public DialogueDEssai
+{
+public:
+    class ProgressionGuettee : public ProgressionDEssai
+    {
+    public:
+        std::function<void(int ligne)> aChaqueLigne;
+        void valeur(int ligne) override
+        {
+            ProgressionDEssai::valeur(ligne);
+            if (aChaqueLigne)
+                aChaqueLigne(ligne);
+        }
+    };
+    ProgressionGuettee &progression(FenetreProgression) override { return m_guettee; }
+
+private:
+    ProgressionGuettee m_guettee;
+};
+
 class ImportDEssai
 {
 public:
-    DialogueDEssai dialogue;
+    DialogueGuettant dialogue;
     Session session{dialogue};
     std::unique_ptr<BaseDEssai> base;
     QTemporaryDir dossier;
@@ -111,6 +133,7 @@ public:
         base = std::make_unique<BaseDEssai>();
         session.donnees.ouvrir(base->chemin);
         session.importSession = {};
+        dialogue.progression(FenetreProgression::FProgress).aChaqueLigne = {};
         oublierLesBoites();
     }
     void oublierLesBoites() { dialogue.messages.clear(); }
@@ -124,7 +147,7 @@ public:
         const int lignes = static_cast<int>(valeurs.size());
         const int colonnes = lignes == 0 ? 0 : static_cast<int>(valeurs.first().size());
         if (lignes > 0) {
-            const Plage plage = classeur->feuille(1).plage(1, 1, lignes, colonnes);
+            Plage plage = classeur->feuille(1).plage(1, 1, lignes, colonnes);
             if (textes)
                 plage.formatNombre(QStringLiteral("@"));
             plage.ecrire(valeurs);

@@ -248,7 +248,10 @@ private Q_SLOTS:
         QCOMPARE(essai.boite(), acheve(2));
         QCOMPARE(essai.compter(QStringLiteral("PRELEVEMENT")), 1);
         QCOMPARE(
-            essai.valeur(QStringLiteral("SELECT group_concat(CodeReseau) FROM PRELEVEMENTRSX")).toString(),
+            essai
+                .valeur(QStringLiteral(
+                    "SELECT group_concat(CodeReseau) FROM (SELECT CodeReseau FROM PRELEVEMENTRSX ORDER BY rowid)"))
+                .toString(),
             QStringLiteral("0400000002,0400000001"));
     }
 
@@ -377,9 +380,12 @@ private Q_SLOTS:
         // A new run looks for them again.
         essai.choisir(essai.ecrire(corrige));
         QCOMPARE(importer().fin, Fin::Terminee);
-        QCOMPARE(essai.valeur(QStringLiteral("SELECT group_concat(CodeSandreGest) FROM MESURE_PHYSICO"))
-                     .toString(),
-                 QStringLiteral("19,17"));
+        QCOMPARE(
+            essai
+                .valeur(QStringLiteral(
+                    "SELECT group_concat(CodeSandreGest) FROM (SELECT CodeSandreGest FROM MESURE_PHYSICO ORDER BY NumAnaPC)"))
+                .toString(),
+            QStringLiteral("19,17"));
     }
 
     // The row of a stop stays through "Annuler": the next import, even of another file, starts there.

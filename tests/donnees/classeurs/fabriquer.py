@@ -112,6 +112,13 @@ def ods(nom, donnees):
 MACRO = """<?xml version="1.0" encoding="UTF-8"?>
 <!DOCTYPE script:module PUBLIC "-//OpenOffice.org//DTD OfficeDocument 1.0//EN" "module.dtd">
 <script:module xmlns:script="http://openoffice.org/2000/script" script:name="Module1" script:language="StarBasic">
+Function Nomme(nom, valeur)
+    n = CreateUnoStruct("com.sun.star.beans.NamedValue")
+    n.Name = nom
+    n.Value = valeur
+    Nomme = n
+End Function
+
 Sub Enregistrer(source, cible, filtre, motDePasse)
     Dim ouvrir(0) As New com.sun.star.beans.PropertyValue
     ouvrir(0).Name = "Hidden"
@@ -120,7 +127,11 @@ Sub Enregistrer(source, cible, filtre, motDePasse)
     Dim garder(1) As New com.sun.star.beans.PropertyValue
     garder(0).Name = "FilterName"
     garder(0).Value = filtre
-    If motDePasse &lt;&gt; "" Then
+    If motDePasse &lt;&gt; "" And InStr(filtre, "XML") &gt; 0 Then
+        garder(1).Name = "EncryptionData"
+        garder(1).Value = CreateUnoValue("[]com.sun.star.beans.NamedValue", _
+                                         Array(Nomme("CryptoType", "Standard"), Nomme("OOXPassword", motDePasse)))
+    ElseIf motDePasse &lt;&gt; "" Then
         garder(1).Name = "Password"
         garder(1).Value = motDePasse
     End If
@@ -129,7 +140,9 @@ Sub Enregistrer(source, cible, filtre, motDePasse)
 End Sub
 
 Sub Main
+    On Error GoTo Fin ' an error box would wait for ever
 %s
+Fin:
 End Sub
 </script:module>
 """
