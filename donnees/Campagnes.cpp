@@ -17,8 +17,8 @@ const QDate DERNIER_JOUR(2019, 12, 31); // a year beyond the study, for the labo
 constexpr double PLUIE_DE_CRUE_MM = 22.0;
 constexpr int JOURS_ENTRE_CRUES = 35;
 
-const char *const COMMENTAIRES[] = {"Résultat confirmé", "Dosage refait, première valeur écartée",
-                                    "Eau trouble, filtration difficile", "Échantillon reçu à plus de 8 °C"};
+const char *const COMMENTAIRES[] = {"Résultat confirmé", "Dosage refait", "Eau trouble",
+                                    "Échantillon reçu à plus de 8 °C"};
 
 // "1-12", "10-5" (across the new year), "2,4,6"
 bool moisVoulu(const QString &mois, int numero)
