@@ -37,7 +37,7 @@ QRect premierePlace(const QRect &ecran)
 
 MDIF_Mere::MDIF_Mere(Session &session, DialogueQt &dialogue)
     : m_session(session), m_zone(new ZoneTravail(this)), m_barre(new BarreProgression(dialogue, this)),
-      m_etude(new QLabel(this))
+      m_etude(new QLabel(this)), m_timer1(this)
 {
     setObjectName(QStringLiteral("MDIF_Mere"));
     setWindowTitle(QStringLiteral("En attente ..."));

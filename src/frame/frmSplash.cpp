@@ -33,7 +33,8 @@ QPainterPath vague(const QRectF &cadre, double hauteur, double creux, double pha
 } // namespace
 
 frmSplash::frmSplash(QWidget *parent)
-    : QWidget(parent, Qt::Window | Qt::FramelessWindowHint), m_ui(std::make_unique<Ui::frmSplash>())
+    : QWidget(parent, Qt::Window | Qt::FramelessWindowHint), m_ui(std::make_unique<Ui::frmSplash>()),
+      m_timer1(this)
 {
     m_ui->setupUi(this);
     m_ui->ZT_TITRE->setText(QStringLiteral("Ovralis - Outil Local"));
