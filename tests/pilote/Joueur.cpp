@@ -73,12 +73,17 @@ void Joueur::jouer()
         if (!momentPermis(pas))
             return;
         m_derniereLigne = pas.ligne;
+        ++m_enCours;
+        const auto retour = qScopeGuard([this] { --m_enCours; });
         if ((this->*verbes().value(pas.verbe))(pas) == Etat::Attend)
             return;
         // A gesture has already moved on, and its routine may have played further steps meanwhile.
         if (m_rang < m_scenario.pas.size() && m_scenario.pas[m_rang].ligne == pas.ligne)
             suivant();
     } catch (const Echec &echec) {
+        // What an earlier gesture has set going has not come back yet: what is asked for may still come of it.
+        if (m_enCours > 0 && !tropTard(delaiMs))
+            return;
         echouer(pas.ligne, echec.raison());
     }
 }

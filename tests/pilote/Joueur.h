@@ -127,6 +127,7 @@ private:
     QTimer m_cadence;
     QElapsedTimer m_depuis; // since the current step was first asked
     qsizetype m_rang = 0;
+    int m_enCours = 0;       // steps whose call has not returned: a routine that they set going is running
     int m_derniereLigne = 0; // of the step begun last
     bool m_pose = false;     // a call of jouer is on its way
     bool m_lance = false;    // `base` has been played
