@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QTimer>
 
 Ecran::Ecran(Session &session, Cadre &cadre, QWidget *parent)
     : QWidget(parent), m_session(session), m_cadre(cadre)
@@ -100,6 +101,17 @@ void Ecran::keyPressEvent(QKeyEvent *evenement)
 void Ecran::closeEvent(QCloseEvent *evenement)
 {
     evenement->setAccepted(!m_session.etatRapport.enCours());
+}
+
+void Ecran::showEvent(QShowEvent *evenement)
+{
+    QWidget::showEvent(evenement);
+    // Once the frame around the screen has given the focus to its first control.
+    QTimer::singleShot(0, this, [this] {
+        if (m_premier)
+            m_premier->setFocus(Qt::OtherFocusReason);
+        m_premier.clear();
+    });
 }
 
 void Ecran::suivreRapport(bool enCours)

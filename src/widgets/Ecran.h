@@ -32,6 +32,9 @@ protected:
     // action row. Either button may be null.
     void preparer(QPushButton *principal, QPushButton *fermeture);
 
+    // The field that has the focus when the screen opens.
+    void commencerPar(QWidget *champ) { m_premier = champ; }
+
     // Whether every checked field that is shown and enabled can take its text; the first that cannot says why and gets
     // the focus.
     bool verifierZones();
@@ -45,6 +48,7 @@ protected:
 
     void keyPressEvent(QKeyEvent *evenement) override;
     void closeEvent(QCloseEvent *evenement) override;
+    void showEvent(QShowEvent *evenement) override;
 
 private:
     void suivreRapport(bool enCours);
@@ -53,5 +57,6 @@ private:
     Cadre &m_cadre;
     QPointer<QPushButton> m_principal;
     QPointer<QPushButton> m_fermeture;
-    QPointer<QWidget> m_foyer;
+    QPointer<QWidget> m_premier; // until the screen has opened
+    QPointer<QWidget> m_foyer;   // while a report disables the screen
 };

@@ -95,6 +95,7 @@ F_Concentrations_PC::F_Concentrations_PC(Session &session, Cadre &cadre, QWidget
 
     executer([this] { chargerListes(); });
     Vider_Concentrations_PC();
+    commencerPar(champ(Champ::Station));
 }
 
 F_Concentrations_PC::~F_Concentrations_PC() = default;
@@ -358,7 +359,7 @@ void F_Concentrations_PC::lancerRapport()
             return;
         if (const auto refus = premierRefus(controles(), Commande::Rapport)) {
             session().dialogue.message(refus->message, QStringLiteral("Attention"), Icone::Exclamation);
-            allerA(refus->champ);
+            champ(refus->champ)->setFocus(Qt::OtherFocusReason);
             return;
         }
         CoursRapport cours(session().dialogue, session().tableur, session().dossiers, session().etatRapport);
@@ -367,29 +368,21 @@ void F_Concentrations_PC::lancerRapport()
     });
 }
 
-void F_Concentrations_PC::allerA(Champ champ)
+QWidget *F_Concentrations_PC::champ(Champ nom) const
 {
-    QWidget *controle = nullptr;
-    switch (champ) {
+    switch (nom) {
     case Champ::Station:
-        controle = findChild<QWidget *>(m_ui->choix_station->nomCode());
-        break;
+        return findChild<QWidget *>(m_ui->choix_station->nomCode());
     case Champ::DateDebut:
-        controle = findChild<QWidget *>(m_ui->choix_periode->nomDebut());
-        break;
+        return findChild<QWidget *>(m_ui->choix_periode->nomDebut());
     case Champ::DateFin:
-        controle = findChild<QWidget *>(m_ui->choix_periode->nomFin());
-        break;
+        return findChild<QWidget *>(m_ui->choix_periode->nomFin());
     case Champ::ChoixParametres:
-        controle = m_ui->opt_un_param;
-        break;
+        return m_ui->opt_un_param;
     case Champ::Parametre:
-        controle = m_ui->lbl_param->buddy();
-        break;
+        return m_ui->lbl_param->buddy();
     case Champ::Echelle:
-        controle = m_ui->ZE_ECHELLE_MAX;
-        break;
+        return m_ui->ZE_ECHELLE_MAX;
     }
-    if (controle)
-        controle->setFocus(Qt::OtherFocusReason);
+    return nullptr;
 }

@@ -46,7 +46,7 @@ private:
     QString fractionUnique() const;
     bool plusieurs() const;
     ReglesConcentrations::Controles controles() const;
-    void allerA(ReglesConcentrations::Champ champ);
+    QWidget *champ(ReglesConcentrations::Champ nom) const;
 
     void lireReperesDuParametre();
     // What is shown and what can be used, from what is chosen; each disabled control says why.
