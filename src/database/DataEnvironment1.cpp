@@ -37,7 +37,7 @@ QString nomDeConnexion()
 
 QString sourceConnue(const QString &commande)
 {
-    const QString sql = Commandes::source(commande);
+    QString sql = Commandes::source(commande);
     if (sql.isEmpty())
         throw Erreur(0, QStringLiteral("Commande inconnue : ") + commande);
     return sql;
@@ -166,7 +166,7 @@ QVariant DataEnvironment1::valeur(const QString &sql, const QVariantList &parame
 {
     Requete &requete = preparee(sql);
     requete.executer(parametres);
-    const QVariant valeur = requete.suivant() ? requete.valeur(0) : QVariant();
+    QVariant valeur = requete.suivant() ? requete.valeur(0) : QVariant();
     requete.finir();
     return valeur;
 }

@@ -255,21 +255,21 @@ void DefinitionTable::reconstruire(const QSqlDatabase &base) const
     // table, by its name, is left as it is.
     const ReglagesStructure reglages(base);
     Transaction transaction(base);
-    Requete(base, QStringLiteral("DROP TABLE IF EXISTS %1").arg(Structure::citer(provisoire)), {});
-    Requete(base, instruction(provisoire), {});
+    Requete::lancer(base, QStringLiteral("DROP TABLE IF EXISTS %1").arg(Structure::citer(provisoire)));
+    Requete::lancer(base, instruction(provisoire));
     if (!communes.isEmpty())
         Requete(base,
                 QStringLiteral("INSERT INTO %1 (%2) SELECT %3 FROM %4 ORDER BY rowid")
                     .arg(Structure::citer(provisoire), liste(communes), valeurs.join(QLatin1String(", ")),
                          Structure::citer(nom)),
                 {});
-    Requete(base, QStringLiteral("DROP TABLE %1").arg(Structure::citer(nom)), {});
+    Requete::lancer(base, QStringLiteral("DROP TABLE %1").arg(Structure::citer(nom)));
     Requete(base,
             QStringLiteral("ALTER TABLE %1 RENAME TO %2")
                 .arg(Structure::citer(provisoire), Structure::citer(nom)),
             {});
     for (const QString &sql : aRefaire)
-        Requete(base, sql, {});
+        Requete::lancer(base, sql);
     transaction.valider();
 }
 

@@ -113,23 +113,47 @@ Memoire::Memoire(sqlite3 *base)
     sqlite3_update_hook(
         base,
         [](void *moi, int, const char *, const char *table, sqlite3_int64) {
-            auto *memoire = static_cast<Memoire *>(moi);
-            ++memoire->m_annonces;
-            ++memoire->m_miens;
-            ++changementsDuProgramme;
-            ++memoire->m_parTable[QByteArray(table).toLower()];
+            static_cast<Memoire *>(moi)->annoncer(table);
         },
         this);
-    // Rows read inside a transaction that is then undone.
+    sqlite3_commit_hook(
+        base,
+        [](void *moi) {
+            static_cast<Memoire *>(moi)->m_enSuspens.clear();
+            return 0;
+        },
+        this);
     sqlite3_rollback_hook(
-        base, [](void *moi) { static_cast<Memoire *>(moi)->oublier(); }, this);
+        base,
+        [](void *moi) {
+            static_cast<Memoire *>(moi)->m_enSuspens.clear();
+            static_cast<Memoire *>(moi)->oublier();
+        },
+        this);
 }
 
 Memoire::~Memoire()
 {
     sqlite3_update_hook(m_base, nullptr, nullptr);
+    sqlite3_commit_hook(m_base, nullptr, nullptr);
     sqlite3_rollback_hook(m_base, nullptr, nullptr);
     sqlite3_finalize(m_versionDonnees);
+}
+
+void Memoire::annoncer(const char *table)
+{
+    const QByteArray nom = QByteArray(table).toLower();
+    ++m_parTable[nom];
+    m_enSuspens.insert(nom);
+    ++m_annonces;
+    ++m_miens;
+    ++changementsDuProgramme;
+}
+
+bool Memoire::enSuspens(const QList<QByteArray> &tables) const
+{
+    return std::any_of(tables.begin(), tables.end(),
+                       [this](const QByteArray &t) { return m_enSuspens.contains(t); });
 }
 
 bool Memoire::autreConnexionAEcrit()
@@ -173,7 +197,11 @@ std::shared_ptr<const TableMemoire> Memoire::table(const QString &sql)
     if (connue != m_entrees.constEnd() && connue->generation == m_generation &&
         connue->changements == changements(connue->tables))
         return connue->table;
-    return m_entrees.insert(sql, lire(sql))->table;
+    Entree entree = lire(sql);
+    // What is read amid a transaction may be undone without a word (to a savepoint): it is not kept.
+    if (enSuspens(entree.tables))
+        return entree.table;
+    return m_entrees.insert(sql, std::move(entree))->table;
 }
 
 Memoire::Entree Memoire::lire(const QString &sql) const

@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QHash>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -62,7 +63,10 @@ private:
         quint64 changements = 0;
     };
 
+    void annoncer(const char *table);
     void voirLesChangements();
+    // Whether one of these tables has changes that may still be undone.
+    bool enSuspens(const QList<QByteArray> &tables) const;
     // Whether another connection has written since the last time.
     bool autreConnexionAEcrit();
     quint64 changements(const QList<QByteArray> &tables) const;
@@ -78,5 +82,6 @@ private:
     qint64 m_annonces = 0;    // changed rows that the engine has announced since
     quint64 m_generation = 0; // moves when anything may have changed
     QHash<QByteArray, quint64> m_parTable;
+    QSet<QByteArray> m_enSuspens; // tables changed since the last commit
     QHash<QString, Entree> m_entrees;
 };

@@ -58,6 +58,12 @@ Requete::Requete(const QSqlDatabase &base, const QString &sql, const QVariantLis
     executer(parametres);
 }
 
+int Requete::lancer(const QSqlDatabase &base, const QString &sql, const QVariantList &parametres)
+{
+    const Requete requete(base, sql, parametres);
+    return requete.lignesTouchees();
+}
+
 void Requete::executer(const QVariantList &parametres)
 {
     for (qsizetype i = 0; i < parametres.size(); ++i)

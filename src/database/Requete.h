@@ -24,6 +24,9 @@ public:
     Requete(const QSqlDatabase &base, const QString &sql);
     Requete(const QSqlDatabase &base, const QString &sql, const QVariantList &parametres);
 
+    // Runs one statement for its effect alone; returns the number of rows that it changed.
+    static int lancer(const QSqlDatabase &base, const QString &sql, const QVariantList &parametres = {});
+
     // Runs the prepared statement with these values for its question marks, in order.
     void executer(const QVariantList &parametres);
 

@@ -1,6 +1,7 @@
 #include "database/Schema.h"
 
 #include "database/Requete.h"
+#include "database/Transaction.h"
 
 #include <QSqlDatabase>
 
@@ -111,42 +112,37 @@ void Schema::creerTable(const QSqlDatabase &base, const QString &nom)
 {
     const Table *t = table(nom);
     Q_ASSERT(t);
-    Requete(base, instructionTable(*t), {});
+    Requete::lancer(base, instructionTable(*t));
     for (const Index &i : index())
         if (i.table == t->nom)
-            Requete(base, instructionIndex(i), {});
+            Requete::lancer(base, instructionIndex(i));
 }
 
 void Schema::ecrireEffectifs(const QSqlDatabase &base)
 {
     // Makes the engine's table of statistics where it is missing.
-    Requete(base, QStringLiteral("ANALYZE TECHNIQUE"), {});
+    Requete::lancer(base, QStringLiteral("ANALYZE TECHNIQUE"));
     for (const Index &i : index()) {
         if (i.effectifs.isEmpty())
             continue;
-        Requete(base, QStringLiteral("DELETE FROM sqlite_stat1 WHERE idx = ?"), {i.nom});
-        Requete(base, QStringLiteral("INSERT INTO sqlite_stat1 (tbl, idx, stat) VALUES (?, ?, ?)"),
-                {i.table, i.nom, i.effectifs});
+        Requete::lancer(base, QStringLiteral("DELETE FROM sqlite_stat1 WHERE idx = ?"), {i.nom});
+        Requete::lancer(base, QStringLiteral("INSERT INTO sqlite_stat1 (tbl, idx, stat) VALUES (?, ?, ?)"),
+                        {i.table, i.nom, i.effectifs});
     }
     // Makes this connection read them at once.
-    Requete(base, QStringLiteral("ANALYZE sqlite_schema"), {});
+    Requete::lancer(base, QStringLiteral("ANALYZE sqlite_schema"));
 }
 
 void Schema::creer(const QSqlDatabase &base)
 {
-    Requete(base, QStringLiteral("BEGIN"), {});
-    try {
-        for (const Table &t : tables())
-            if (t.nom != QLatin1String("COULEURS_GRAPH"))
-                creerTable(base, t.nom);
-        Requete(base, instructionVueParametrePhyto(), {});
-        Requete(base, QStringLiteral("INSERT INTO APPLICATIONPROPERTIES VALUES ('DbVersion', ?)"),
-                {VERSION_DONNEES.toString()});
-        Requete(base, QStringLiteral("INSERT INTO TECHNIQUE VALUES (?)"), {VERSION_STRUCTURE.toString()});
-        ecrireEffectifs(base);
-        Requete(base, QStringLiteral("COMMIT"), {});
-    } catch (...) {
-        QSqlQuery(base).exec(QStringLiteral("ROLLBACK"));
-        throw;
-    }
+    Transaction transaction(base);
+    for (const Table &t : tables())
+        if (t.nom != QLatin1String("COULEURS_GRAPH"))
+            creerTable(base, t.nom);
+    Requete::lancer(base, instructionVueParametrePhyto());
+    Requete::lancer(base, QStringLiteral("INSERT INTO APPLICATIONPROPERTIES VALUES ('DbVersion', ?)"),
+                    {VERSION_DONNEES.toString()});
+    Requete::lancer(base, QStringLiteral("INSERT INTO TECHNIQUE VALUES (?)"), {VERSION_STRUCTURE.toString()});
+    ecrireEffectifs(base);
+    transaction.valider();
 }

@@ -6,7 +6,7 @@
 
 Transaction::Transaction(const QSqlDatabase &base) : m_base(base)
 {
-    Requete(m_base, QStringLiteral("SAVEPOINT ovralis"), {});
+    Requete::lancer(m_base, QStringLiteral("SAVEPOINT ovralis"));
 }
 
 Transaction::~Transaction()
@@ -20,7 +20,7 @@ Transaction::~Transaction()
 
 void Transaction::valider()
 {
-    Requete(m_base, QStringLiteral("RELEASE ovralis"), {});
+    Requete::lancer(m_base, QStringLiteral("RELEASE ovralis"));
     m_ouverte = false;
 }
 
@@ -37,8 +37,8 @@ ReglagesStructure::ReglagesStructure(const QSqlDatabase &base)
     : m_base(base), m_clesEtrangeres(reglage(base, QStringLiteral("foreign_keys"))),
       m_ancienneMethode(reglage(base, QStringLiteral("legacy_alter_table")))
 {
-    Requete(m_base, QStringLiteral("PRAGMA foreign_keys = OFF"), {});
-    Requete(m_base, QStringLiteral("PRAGMA legacy_alter_table = ON"), {});
+    Requete::lancer(m_base, QStringLiteral("PRAGMA foreign_keys = OFF"));
+    Requete::lancer(m_base, QStringLiteral("PRAGMA legacy_alter_table = ON"));
 }
 
 ReglagesStructure::~ReglagesStructure()

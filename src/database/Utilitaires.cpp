@@ -21,7 +21,7 @@ namespace Utilitaires
 QString Journal::OuvrirJournal(const QString &prefixe)
 {
     const QString dossier = QString::fromUtf16(Chemins::MAJ_INTERVENANT);
-    const QString chemin =
+    QString chemin =
         dossier + prefixe + u'_' + moment(QStringLiteral("yyyyMMddHHmm")) + QStringLiteral(".log");
     QDir().mkpath(Chemins::versHote(dossier));
     m_fichier.close();

@@ -2,6 +2,7 @@
 
 #include "database/DataEnvironment1.h"
 #include "database/Schema.h"
+#include "database/Transaction.h"
 #include "platform/Chemins.h"
 #include "platform/Erreur.h"
 #include "workbook/PaletteParDefaut.h"
@@ -57,19 +58,14 @@ void M_Couleurs::CreerCouleurs(const DataEnvironment1 &donnees, Tableur &tableur
 {
     const Palette palette =
         lireFichier(tableur, Chemins::versHote(cheminBase) + FICHIER.toString()).value_or(parDefaut());
-    donnees.executer(QStringLiteral("BEGIN"));
-    try {
-        Schema::creerTable(donnees.Connect_Bdd(), QStringLiteral("COULEURS_GRAPH"));
-        Requete insertion(donnees.Connect_Bdd(),
-                          QStringLiteral("INSERT INTO COULEURS_GRAPH VALUES (?, ?, ?, ?)"));
-        for (std::size_t i = 0; i < NOMBRE; ++i)
-            insertion.executer({static_cast<int>(i) + 1, palette.R[i], palette.G[i], palette.B[i]});
-        insertion.finir();
-        donnees.executer(QStringLiteral("COMMIT"));
-    } catch (...) {
-        QSqlQuery(donnees.Connect_Bdd()).exec(QStringLiteral("ROLLBACK"));
-        throw;
-    }
+    Transaction transaction(donnees.Connect_Bdd());
+    Schema::creerTable(donnees.Connect_Bdd(), QStringLiteral("COULEURS_GRAPH"));
+    Requete insertion(donnees.Connect_Bdd(),
+                      QStringLiteral("INSERT INTO COULEURS_GRAPH VALUES (?, ?, ?, ?)"));
+    for (std::size_t i = 0; i < NOMBRE; ++i)
+        insertion.executer({static_cast<int>(i) + 1, palette.R[i], palette.G[i], palette.B[i]});
+    insertion.finir();
+    transaction.valider();
 }
 
 M_Couleurs::Palette M_Couleurs::ChargerCouleurs(const DataEnvironment1 &donnees)

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void unChangementSeVoitAussitot();
     void unChangementDUneAutreConnexionSeVoit();
     void uneTransactionDefaiteSeVoit();
+    void unRetourEnArriereSeVoit();
     void uneTableVideeSeVoit();
     void colonneOuCommandeInconnue();
 
@@ -260,6 +261,27 @@ void TestReferentiels::uneTransactionDefaiteSeVoit()
     base.sql(QStringLiteral("ROLLBACK"));
     QCOMPARE(LibelleReseauDeCode(base.donnees, QStringLiteral("0400000001")),
              QStringLiteral("Réseau national"));
+}
+
+// The engine does not tell what a return to a savepoint undoes.
+void TestReferentiels::unRetourEnArriereSeVoit()
+{
+    const BaseDEssai base;
+    const QString code = QStringLiteral("0400000001");
+    QCOMPARE(LibelleReseauDeCode(base.donnees, code), QStringLiteral("Réseau national"));
+    base.sql(QStringLiteral("SAVEPOINT s"));
+    base.sql(QStringLiteral("UPDATE RESEAU_MESURE SET LibelleReseau = 'Passager'"));
+    QCOMPARE(LibelleReseauDeCode(base.donnees, code), QStringLiteral("Passager"));
+    base.sql(QStringLiteral("ROLLBACK TO s"));
+    QCOMPARE(LibelleReseauDeCode(base.donnees, code), QStringLiteral("Réseau national"));
+    base.sql(QStringLiteral("RELEASE s"));
+    QCOMPARE(LibelleReseauDeCode(base.donnees, code), QStringLiteral("Réseau national"));
+    // Kept again from the next commit on.
+    base.sql(QStringLiteral("UPDATE RESEAU_MESURE SET LibelleReseau = 'Nouveau' WHERE CodeReseau = ?"),
+             {code});
+    const auto table = base.donnees.enMemoire(QStringLiteral("Reseau"));
+    QCOMPARE(table->texte(0, QStringLiteral("LibelleReseau")), QStringLiteral("Nouveau"));
+    QCOMPARE(base.donnees.enMemoire(QStringLiteral("Reseau")), table);
 }
 
 // The engine empties a whole table without announcing its rows.
