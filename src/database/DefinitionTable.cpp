@@ -258,16 +258,16 @@ void DefinitionTable::reconstruire(const QSqlDatabase &base) const
     Requete::lancer(base, QStringLiteral("DROP TABLE IF EXISTS %1").arg(Structure::citer(provisoire)));
     Requete::lancer(base, instruction(provisoire));
     if (!communes.isEmpty())
-        Requete(base,
-                QStringLiteral("INSERT INTO %1 (%2) SELECT %3 FROM %4 ORDER BY rowid")
-                    .arg(Structure::citer(provisoire), liste(communes), valeurs.join(QLatin1String(", ")),
-                         Structure::citer(nom)),
-                {});
+        Requete::lancer(base,
+                        QStringLiteral("INSERT INTO %1 (%2) SELECT %3 FROM %4 ORDER BY rowid")
+                            .arg(Structure::citer(provisoire), liste(communes),
+                                 valeurs.join(QLatin1String(", ")), Structure::citer(nom)),
+                        {});
     Requete::lancer(base, QStringLiteral("DROP TABLE %1").arg(Structure::citer(nom)));
-    Requete(base,
-            QStringLiteral("ALTER TABLE %1 RENAME TO %2")
-                .arg(Structure::citer(provisoire), Structure::citer(nom)),
-            {});
+    Requete::lancer(base,
+                    QStringLiteral("ALTER TABLE %1 RENAME TO %2")
+                        .arg(Structure::citer(provisoire), Structure::citer(nom)),
+                    {});
     for (const QString &sql : aRefaire)
         Requete::lancer(base, sql);
     transaction.valider();

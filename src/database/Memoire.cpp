@@ -201,7 +201,8 @@ std::shared_ptr<const TableMemoire> Memoire::table(const QString &sql)
     // What is read amid a transaction may be undone without a word (to a savepoint): it is not kept.
     if (enSuspens(entree.tables))
         return entree.table;
-    return m_entrees.insert(sql, std::move(entree))->table;
+    m_entrees.insert(sql, entree);
+    return entree.table;
 }
 
 Memoire::Entree Memoire::lire(const QString &sql) const

@@ -238,6 +238,7 @@ void TestOuvrirBdd::fichiersInutilisables_data()
     ligne("vide", "26 - Le fichier est vide.");
     ligne("coupe", incomplet);
     ligne("coupe a une page", incomplet);
+    ligne("coupe, journal WAL", incomplet);
     ligne("entete seul", incomplet);
     ligne("signe seul", incomplet);
     ligne("autre base",
@@ -252,7 +253,7 @@ void TestOuvrirBdd::fichiersInutilisables()
 {
     QFETCH(QString, cas);
     QFETCH(QString, raison);
-    Etude e(QStringLiteral("essai.mdb"), false);
+    Etude e(QStringLiteral("essai.mdb"), cas.endsWith(u"WAL"));
     const QByteArray bon = contenu(e.dossier.path()).value(QStringLiteral("essai.mdb"));
     QVERIFY(bon.size() > 50000);
     if (cas == u"texte")
@@ -263,7 +264,7 @@ void TestOuvrirBdd::fichiersInutilisables()
         ecrire(e.chemin, {});
     else if (cas == u"coupe")
         ecrire(e.chemin, bon.left(bon.size() / 2 + 77));
-    else if (cas == u"coupe a une page")
+    else if (cas == u"coupe a une page" || cas == u"coupe, journal WAL")
         ecrire(e.chemin, bon.left(bon.size() - 4096));
     else if (cas == u"entete seul")
         ecrire(e.chemin, bon.left(100));
