@@ -1,7 +1,11 @@
 #include "platform/Limites.h"
 
 #ifndef _WIN32
+#include <csignal>
 #include <sys/resource.h>
+#endif
+#ifdef __linux__
+#include <sys/prctl.h>
 #endif
 
 #ifdef _WIN32
@@ -22,6 +26,9 @@ void limiterCeProcessus(std::uint64_t memoire, std::uint64_t secondes)
     limiter(RLIMIT_CORE, 0);
     limiter(RLIMIT_FSIZE, 0);
     limiter(RLIMIT_CPU, secondes);
+#ifdef __linux__
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+#endif
 #if !defined(__SANITIZE_ADDRESS__)
     // AddressSanitizer reserves terabytes of addresses for its own map.
     limiter(RLIMIT_AS, memoire);

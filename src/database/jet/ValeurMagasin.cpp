@@ -172,6 +172,8 @@ ValeurMagasin versMagasin(const ValeurJet &valeur, GenreMagasin genre, QByteArra
     case Valeur::Simple:
         if (std::isnan(valeur.reel))
             return {};
+        if (genre == GenreMagasin::OuiNon)
+            return qint64{valeur.reel != 0 ? -1 : 0};
         if (genre == GenreMagasin::Texte) {
             ecrire(valeur.reel, tampon);
             return QByteArrayView(tampon);
