@@ -26,8 +26,10 @@ ChoixPeriode::ChoixPeriode(QWidget *parent)
     grille->addWidget(m_debut, 0, 1);
     grille->addWidget(libelleFin, 0, 2, Qt::AlignRight | Qt::AlignVCenter);
     grille->addWidget(m_fin, 0, 3);
-    grille->addWidget(m_tout, 0, 4);
-    grille->addWidget(m_etendue, 1, 1, 1, 4);
+    auto *offre = new QHBoxLayout;
+    offre->addWidget(m_etendue, 1);
+    offre->addWidget(m_tout);
+    grille->addLayout(offre, 1, 1, 1, 3);
     grille->setColumnStretch(1, 1);
     grille->setColumnStretch(3, 1);
 

@@ -7,6 +7,7 @@ void LectureSeule::appliquer(QLineEdit *zone)
     zone->setReadOnly(true);
     zone->setFocusPolicy(Qt::ClickFocus);
     QPalette palette = zone->palette();
-    palette.setBrush(QPalette::Base, Qt::transparent);
+    for (const auto groupe : {QPalette::Active, QPalette::Inactive})
+        palette.setBrush(groupe, QPalette::Base, Qt::transparent);
     zone->setPalette(palette);
 }

@@ -98,13 +98,20 @@ void ZoneCombo::remplir(const ListeChoix &lignes)
     const QString garde = m_code;
     auto *modele = qobject_cast<QStandardItemModel *>(model());
     modele->clear();
+    int large = 0;
     for (const Choix &ligne : lignes) {
         auto *element = new QStandardItem(ligne.texte);
         element->setData(ligne.code, CODE);
         element->setData(ligne.complement, COMPLEMENT);
         element->setData(Recherche::plier(ligne.texte + u' ' + ligne.complement), RECHERCHE);
         modele->appendRow(element);
+        large = std::max(large, fontMetrics().horizontalAdvance(ligne.texte + ligne.complement));
     }
+    // Both lists show whole rows, complements and scroll bar included, within reason.
+    constexpr int PLUS_LARGE = 560;
+    const int reste = ECART + 16 + view()->verticalScrollBar()->sizeHint().width();
+    m_largeurListes = lignes.isEmpty() ? 0 : std::min(large + reste, PLUS_LARGE);
+    completer()->popup()->setMinimumWidth(m_largeurListes);
     placer(garde.isEmpty() ? -1 : findData(garde, CODE));
 }
 
@@ -204,7 +211,6 @@ void ZoneCombo::wheelEvent(QWheelEvent *evenement)
 
 void ZoneCombo::showPopup()
 {
-    const int large = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width() + 8;
-    view()->setMinimumWidth(std::max(width(), std::min(large, 560)));
+    view()->setMinimumWidth(std::max(width(), m_largeurListes));
     QComboBox::showPopup();
 }

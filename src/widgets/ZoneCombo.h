@@ -50,5 +50,6 @@ private:
     int m_rang = -1;
     QString m_code;
     QString m_texte;
+    int m_largeurListes = 0; // pixels
     bool m_silence = false;
 };

@@ -269,6 +269,7 @@ void F_Concentrations_PC::actualiser()
     m_ui->ZC_FRACTION->setVisible(fraction && !plusieursParametres);
     m_ui->ZL_FRACTION->setVisible(fraction && plusieursParametres);
     m_ui->ZL_FRACTION->setEnabled(fraction);
+    m_ui->grille_parametre->setColumnStretch(1, fraction ? 2 : 0);
 
     const QString sansParametre =
         codes.isEmpty() ? QStringLiteral("Choisissez d'abord un paramètre") : QString();
