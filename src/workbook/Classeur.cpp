@@ -148,7 +148,7 @@ Feuille Classeur::feuille(const QString &nom) const
         if (!toutes->hasByName(versUno(nom)))
             throw Erreur(FeuilleAbsente, QStringLiteral("Le classeur n'a pas de feuille « %1 ».").arg(nom));
         const Reference<css::sheet::XSpreadsheet> trouvee(toutes->getByName(versUno(nom)), UNO_QUERY_THROW);
-        return Feuille(std::make_shared<Feuille::Donnees>(Feuille::Donnees{m_donnees, trouvee}));
+        return Feuille(std::make_shared<Feuille::Donnees>(m_donnees, trouvee));
     });
 }
 
@@ -161,7 +161,7 @@ Feuille Classeur::feuille(int position) const
             throw Erreur(FeuilleAbsente,
                          QStringLiteral("Le classeur n'a pas de feuille n° %1.").arg(position));
         const Reference<css::sheet::XSpreadsheet> trouvee(toutes->getByIndex(position - 1), UNO_QUERY_THROW);
-        return Feuille(std::make_shared<Feuille::Donnees>(Feuille::Donnees{m_donnees, trouvee}));
+        return Feuille(std::make_shared<Feuille::Donnees>(m_donnees, trouvee));
     });
 }
 
@@ -203,7 +203,7 @@ std::optional<Plage> Classeur::plageNommee(const QString &nom) const
                 Reference<css::sheet::XCellRangeAddressable>(plage, UNO_QUERY_THROW)->getRangeAddress();
             const Reference<css::sheet::XSpreadsheet> feuille(toutes->getByIndex(lieu.Sheet),
                                                               UNO_QUERY_THROW);
-            auto donneesFeuille = std::make_shared<Feuille::Donnees>(Feuille::Donnees{m_donnees, feuille});
+            auto donneesFeuille = std::make_shared<Feuille::Donnees>(m_donnees, feuille);
             return Plage(std::make_shared<Plage::Donnees>(std::move(donneesFeuille), plage, lieu));
         }
         return std::nullopt;

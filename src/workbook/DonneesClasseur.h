@@ -32,6 +32,9 @@ public:
     QString chemin;
     bool lectureSeule = false;
     QDate origineDates; // the day numbered 0
+    // Counts the insertions and deletions of cells: some make the application's sheet objects forget a column, so that
+    // they are asked for again after each.
+    int deplacements = 0;
 
 private:
     QHash<QString, sal_Int32> m_cles;
@@ -41,14 +44,24 @@ private:
 class Feuille::Donnees
 {
 public:
+    Donnees(std::shared_ptr<Classeur::Donnees> donneesClasseur,
+            const css::uno::Reference<css::sheet::XSpreadsheet> &objet)
+        : classeur(std::move(donneesClasseur)), m_objet(objet), m_deplacements(classeur->deplacements)
+    {
+    }
+
     std::shared_ptr<Classeur::Donnees> classeur;
-    css::uno::Reference<css::sheet::XSpreadsheet> feuille;
+    const css::uno::Reference<css::sheet::XSpreadsheet> &objet() const;
     // All calls to the application go through here.
     template <class F> std::invoke_result_t<F> appeler(F &&appels) const
     {
         classeur->ouvert();
         return classeur->instance->appeler(std::forward<F>(appels));
     }
+
+private:
+    mutable css::uno::Reference<css::sheet::XSpreadsheet> m_objet;
+    mutable int m_deplacements;
 };
 
 class Plage::Donnees

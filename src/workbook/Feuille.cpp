@@ -8,6 +8,7 @@
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XCellRangesQuery.hpp>
 #include <com/sun/star/sheet/XSheetCellRanges.hpp>
+#include <com/sun/star/sheet/XSpreadsheets.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 
 using css::uno::Any;
@@ -28,7 +29,7 @@ Plage plageDe(const std::shared_ptr<Feuille::Donnees> &donnees,
 
 Reference<css::table::XTableRows> lignesDe(const Feuille::Donnees &donnees)
 {
-    return Reference<css::table::XColumnRowRange>(donnees.feuille, UNO_QUERY_THROW)->getRows();
+    return Reference<css::table::XColumnRowRange>(donnees.objet(), UNO_QUERY_THROW)->getRows();
 }
 
 // The last row and column (from 1) that hold anything.
@@ -37,7 +38,7 @@ std::pair<int, int> etendue(const Feuille::Donnees &donnees)
     constexpr sal_Int16 CONTENU = css::sheet::CellFlags::VALUE | css::sheet::CellFlags::DATETIME |
                                   css::sheet::CellFlags::STRING | css::sheet::CellFlags::FORMULA;
     return donnees.appeler([&] {
-        const auto pleines = Reference<css::sheet::XCellRangesQuery>(donnees.feuille, UNO_QUERY_THROW)
+        const auto pleines = Reference<css::sheet::XCellRangesQuery>(donnees.objet(), UNO_QUERY_THROW)
                                  ->queryContentCells(CONTENU);
         int ligne = 0;
         int colonne = 0;
@@ -51,19 +52,29 @@ std::pair<int, int> etendue(const Feuille::Donnees &donnees)
 }
 } // namespace
 
+const Reference<css::sheet::XSpreadsheet> &Feuille::Donnees::objet() const
+{
+    if (m_deplacements != classeur->deplacements) {
+        const rtl::OUString nom = Reference<css::container::XNamed>(m_objet, UNO_QUERY_THROW)->getName();
+        m_objet.set(classeur->ouvert()->getSheets()->getByName(nom), UNO_QUERY_THROW);
+        m_deplacements = classeur->deplacements;
+    }
+    return m_objet;
+}
+
 Feuille::Feuille(std::shared_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
 
 QString Feuille::nom() const
 {
     return m_donnees->appeler([this] {
-        return versQt(Reference<css::container::XNamed>(m_donnees->feuille, UNO_QUERY_THROW)->getName());
+        return versQt(Reference<css::container::XNamed>(m_donnees->objet(), UNO_QUERY_THROW)->getName());
     });
 }
 
 void Feuille::renommer(const QString &nom)
 {
     m_donnees->appeler([&] {
-        Reference<css::container::XNamed>(m_donnees->feuille, UNO_QUERY_THROW)->setName(versUno(nom));
+        Reference<css::container::XNamed>(m_donnees->objet(), UNO_QUERY_THROW)->setName(versUno(nom));
     });
 }
 
@@ -76,7 +87,7 @@ Plage Feuille::plage(int ligne1, int colonne1, int ligne2, int colonne2) const
 {
     return m_donnees->appeler([&] {
         try {
-            return plageDe(m_donnees, m_donnees->feuille->getCellRangeByPosition(colonne1 - 1, ligne1 - 1,
+            return plageDe(m_donnees, m_donnees->objet()->getCellRangeByPosition(colonne1 - 1, ligne1 - 1,
                                                                                  colonne2 - 1, ligne2 - 1));
         } catch (const css::lang::IndexOutOfBoundsException &) {
             throw Erreur(HorsFeuille, QStringLiteral("Les cellules L%1C%2 à L%3C%4 sont hors de la feuille.")
@@ -92,10 +103,10 @@ Plage Feuille::plage(const QString &adresse) const
 {
     return m_donnees->appeler([&] {
         try {
-            return plageDe(m_donnees, m_donnees->feuille->getCellRangeByName(versUno(adresse)));
+            return plageDe(m_donnees, m_donnees->objet()->getCellRangeByName(versUno(adresse)));
+        } catch (const css::lang::DisposedException &) {
+            throw; // the connection is lost, the address may be good
         } catch (const css::uno::RuntimeException &) {
-            if (!m_donnees->classeur->instance->numeroProcessus())
-                throw;
             throw Erreur(HorsFeuille,
                          QStringLiteral("« %1 » n'est pas une adresse de cellules.").arg(adresse));
         }
@@ -105,11 +116,13 @@ Plage Feuille::plage(const QString &adresse) const
 void Feuille::insererLignes(int ligne, int nombre)
 {
     m_donnees->appeler([&] { lignesDe(*m_donnees)->insertByIndex(ligne - 1, nombre); });
+    ++m_donnees->classeur->deplacements;
 }
 
 void Feuille::supprimerLignes(int ligne, int nombre)
 {
     m_donnees->appeler([&] { lignesDe(*m_donnees)->removeByIndex(ligne - 1, nombre); });
+    ++m_donnees->classeur->deplacements;
 }
 
 int Feuille::derniereLigne() const
@@ -134,7 +147,7 @@ void Feuille::hauteurLignes(int ligne, int nombre, int centiemesMm)
 {
     m_donnees->appeler([&] {
         const Reference<css::table::XColumnRowRange> bande(
-            m_donnees->feuille->getCellRangeByPosition(0, ligne - 1, 0, ligne + nombre - 2), UNO_QUERY_THROW);
+            m_donnees->objet()->getCellRangeByPosition(0, ligne - 1, 0, ligne + nombre - 2), UNO_QUERY_THROW);
         Reference<css::beans::XPropertySet>(bande->getRows(), UNO_QUERY_THROW)
             ->setPropertyValue("Height", Any(static_cast<sal_Int32>(centiemesMm)));
     });
@@ -152,7 +165,7 @@ void Feuille::largeurColonne(int colonne, int centiemesMm)
 {
     m_donnees->appeler([&] {
         const auto colonnes =
-            Reference<css::table::XColumnRowRange>(m_donnees->feuille, UNO_QUERY_THROW)->getColumns();
+            Reference<css::table::XColumnRowRange>(m_donnees->objet(), UNO_QUERY_THROW)->getColumns();
         Reference<css::beans::XPropertySet>(colonnes->getByIndex(colonne - 1), UNO_QUERY_THROW)
             ->setPropertyValue("Width", Any(static_cast<sal_Int32>(centiemesMm)));
     });
@@ -169,7 +182,7 @@ void Feuille::hauteurOptimale(int ligne)
 void Feuille::cacher(bool oui)
 {
     m_donnees->appeler([&] {
-        Reference<css::beans::XPropertySet>(m_donnees->feuille, UNO_QUERY_THROW)
+        Reference<css::beans::XPropertySet>(m_donnees->objet(), UNO_QUERY_THROW)
             ->setPropertyValue("IsVisible", Any(!oui));
     });
 }

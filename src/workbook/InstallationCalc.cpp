@@ -27,7 +27,6 @@ constexpr Reglage REGLAGES[] = {
     {"/org.openoffice.Office.Common/Misc", "UseDocumentSystemFileLocking", "false"},
     {"/org.openoffice.Office.Common/Misc", "UseDocumentOOoLockFile", "false"},
     {"/org.openoffice.Office.Common/Save/Document", "AutoSave", "false"},
-    {"/org.openoffice.Office.Common/Undo", "Steps", "0"},
     {"/org.openoffice.Office.Common/Security/Scripting", "MacroSecurityLevel", "3"},
     {"/org.openoffice.Office.Common/Security/Scripting", "DisableMacrosExecution", "true"},
     {"/org.openoffice.Office.Recovery/RecoveryInfo", "Enabled", "false"},

@@ -28,9 +28,9 @@ Reference<css::uno::XInterface> creer(const Feuille::Donnees &donnees, const cha
 // The sheet's own page style, made on first use: by default all sheets share one.
 Proprietes styleDePage(const Feuille::Donnees &donnees)
 {
-    const Proprietes feuille(donnees.feuille, UNO_QUERY_THROW);
+    const Proprietes feuille(donnees.objet(), UNO_QUERY_THROW);
     const rtl::OUString nom =
-        "Page " + Reference<css::container::XNamed>(donnees.feuille, UNO_QUERY_THROW)->getName();
+        "Page " + Reference<css::container::XNamed>(donnees.objet(), UNO_QUERY_THROW)->getName();
     const Reference<css::container::XNameContainer> styles(
         Reference<css::style::XStyleFamiliesSupplier>(donnees.classeur->ouvert(), UNO_QUERY_THROW)
             ->getStyleFamilies()
@@ -105,7 +105,7 @@ void Feuille::mettreEnPage(const MiseEnPage &page)
         ecrireBandeau(*m_donnees, style, "FooterIsOn", "RightPageFooterContent", page.piedGauche,
                       page.piedCentre, page.piedDroite);
 
-        const Reference<css::sheet::XPrintAreas> zones(m_donnees->feuille, UNO_QUERY_THROW);
+        const Reference<css::sheet::XPrintAreas> zones(m_donnees->objet(), UNO_QUERY_THROW);
         zones->setPrintTitleRows(page.premiereLigneRepetee > 0);
         if (page.premiereLigneRepetee > 0) {
             css::table::CellRangeAddress titres;
@@ -119,7 +119,7 @@ void Feuille::mettreEnPage(const MiseEnPage &page)
 void Feuille::zoneImpression(const Plage &plage)
 {
     m_donnees->appeler([&] {
-        Reference<css::sheet::XPrintAreas>(m_donnees->feuille, UNO_QUERY_THROW)
+        Reference<css::sheet::XPrintAreas>(m_donnees->objet(), UNO_QUERY_THROW)
             ->setPrintAreas({&plage.donnees().adresse, 1});
     });
 }

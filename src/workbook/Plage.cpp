@@ -70,7 +70,7 @@ QVariant nombreLu(double nombre, NatureFormat nature, const QDate &origine)
     return QDateTime(origine.addDays(secondes / SECONDES_PAR_JOUR), heure, Qt::UTC);
 }
 
-// A value as a cell takes it, and the format that it calls for, if any.
+// A value as a cell takes it (nothing: the error #N/A), and the format that it calls for, if any.
 struct ValeurEcrite {
     Any valeur;
     const char *format = nullptr;
@@ -113,7 +113,7 @@ ValeurEcrite preparer(const QVariant &valeur, const QDate &origine)
         throw Erreur(ValeurInconnue,
                      QStringLiteral("Une valeur de type « %1 » ne peut pas être écrite dans une cellule.")
                          .arg(QLatin1String(valeur.typeName())));
-    return {std::isfinite(nombre) ? Any(nombre) : Any()}; // an empty one is written as #N/A
+    return {std::isfinite(nombre) ? Any(nombre) : Any()};
 }
 } // namespace
 
@@ -209,6 +209,7 @@ void Plage::ecrire(const Valeurs &valeurs)
         const QDate origine = m_donnees->feuille->classeur->origineDates;
         const int pas = lignesParMessage(colonnes());
         FormatsVoulus formats(*m_donnees);
+        QVector<QPair<int, int>> erreurs;
         for (int debut = 0; debut < lignes(); debut += pas) {
             const int fin = qMin(debut + pas, lignes()) - 1;
             Sequence<Sequence<Any>> bloc(fin - debut + 1);
@@ -218,12 +219,19 @@ void Plage::ecrire(const Valeurs &valeurs)
                     ValeurEcrite ecrite = preparer(valeurs.at(l).at(c), origine);
                     if (ecrite.format)
                         formats.vouloir(l, c, QLatin1String(ecrite.format));
+                    if (!ecrite.valeur.hasValue()) {
+                        // An array with such a value in it would bring the application down.
+                        erreurs.append({l, c});
+                        ecrite.valeur <<= rtl::OUString();
+                    }
                     rangee.getArray()[c] = std::move(ecrite.valeur);
                 }
                 bloc.getArray()[l - debut] = rangee;
             }
             cellulesDe(*m_donnees, debut, fin)->setDataArray(bloc);
         }
+        for (const auto &[l, c] : std::as_const(erreurs))
+            m_donnees->plage->getCellByPosition(c, l)->setFormula("=NA()");
         formats.appliquer();
     });
 }
@@ -240,17 +248,19 @@ void Plage::viderContenu()
 void Plage::supprimerCellules(bool versLeHaut)
 {
     m_donnees->appeler([&] {
-        Reference<css::sheet::XCellRangeMovement>(m_donnees->feuille->feuille, UNO_QUERY_THROW)
+        Reference<css::sheet::XCellRangeMovement>(m_donnees->feuille->objet(), UNO_QUERY_THROW)
             ->removeRange(m_donnees->adresse,
                           versLeHaut ? css::sheet::CellDeleteMode_UP : css::sheet::CellDeleteMode_LEFT);
     });
+    ++m_donnees->feuille->classeur->deplacements;
 }
 
 void Plage::insererCellules(bool versLeBas)
 {
     m_donnees->appeler([&] {
-        Reference<css::sheet::XCellRangeMovement>(m_donnees->feuille->feuille, UNO_QUERY_THROW)
+        Reference<css::sheet::XCellRangeMovement>(m_donnees->feuille->objet(), UNO_QUERY_THROW)
             ->insertCells(m_donnees->adresse,
                           versLeBas ? css::sheet::CellInsertMode_DOWN : css::sheet::CellInsertMode_RIGHT);
     });
+    ++m_donnees->feuille->classeur->deplacements;
 }

@@ -36,7 +36,8 @@ enum class Alignement { Standard, Gauche, Centre, Droite, Haut, Milieu, Bas };
 
 inline constexpr int COULEUR_AUTOMATIQUE = -4105;
 
-// A handle: copies speak of the same cells. Every call goes to the spreadsheet application: write whole ranges.
+// A handle: copies speak of the same cells. Every call goes to the spreadsheet application: write whole ranges. Once
+// cells or rows of its sheet were inserted or deleted, a range is to be asked for again.
 class Plage
 {
 public:
