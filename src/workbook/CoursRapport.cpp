@@ -100,7 +100,8 @@ bool CoursRapport::executer(const CommandeRapport &commande)
 bool CoursRapport::produire(const CommandeRapport &commande, const QString &chemin)
 {
     const QString modele = Chemins::versHote(QString::fromUtf16(Chemins::MODELES) + commande.modele);
-    if (QFileInfo(modele) == QFileInfo(chemin))
+    const QString remplace = QFileInfo(chemin).canonicalFilePath(); // empty when it replaces nothing
+    if (!remplace.isEmpty() && remplace == QFileInfo(modele).canonicalFilePath())
         throw Erreur(ModeleEcrase,
                      QStringLiteral("Le fichier à créer est le modèle lui-même : choisissez un autre nom."));
 
