@@ -20,6 +20,14 @@ echo "No display: the demonstration is played instead (a laboratory's workbook i
 rapport=$sortie/C/Projet/Export/rapport_demonstration.xls
 profil=$(mktemp -d)
 trap 'rm -rf "$profil"' EXIT
+# The picture shows numbers as a French desktop does.
+mkdir -p "$profil/user"
+cat >"$profil/user/registrymodifications.xcu" <<'XCU'
+<?xml version="1.0" encoding="UTF-8"?>
+<oor:items xmlns:oor="http://openoffice.org/2001/registry">
+<item oor:path="/org.openoffice.Setup/L10N"><prop oor:name="ooSetupSystemLocale" oor:op="fuse"><value>fr-FR</value></prop></item>
+</oor:items>
+XCU
 soffice "-env:UserInstallation=file://$profil" --headless --convert-to pdf --outdir "$sortie" "$rapport" >/dev/null 2>&1
 pdftoppm -png -r 80 "$sortie/rapport_demonstration.pdf" "$sortie/rapport"
 echo
