@@ -9,7 +9,7 @@
 QString Aide::page(const QString &ecran)
 {
     const QString dossier = QCoreApplication::applicationDirPath() + QStringLiteral("/aide/");
-    const QString propre = dossier + ecran + QStringLiteral(".html");
+    QString propre = dossier + ecran + QStringLiteral(".html");
     if (!ecran.isEmpty() && QFileInfo::exists(propre))
         return propre;
     return dossier + QStringLiteral("index.html");

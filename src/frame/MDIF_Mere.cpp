@@ -144,6 +144,8 @@ void MDIF_Mere::executer(const EntreeRegistre &entree)
         QWidget *ecran = entree.classe.isEmpty() ? nullptr : ecranOuvert(entree.classe);
         if (!ecran)
             ecran = entree.ouvrir(m_session, *this);
+        if (ecran && !ecran->testAttribute(Qt::WA_SetWindowIcon))
+            ecran->setWindowIcon(m_actions.value(entree.menu)->icon());
         if (ecran)
             montrer(ecran);
     } catch (const Erreur &erreur) {

@@ -132,6 +132,28 @@ private Q_SLOTS:
             0);
     }
 
+    // Asked to end from outside, the play lets the base and the spreadsheet go before it does.
+    void arretDemande()
+    {
+        const QString racine = m_dossier.filePath(QStringLiteral("arret"));
+        QFile scenario(m_dossier.filePath(QStringLiteral("arret.scn")));
+        QVERIFY(scenario.open(QIODevice::WriteOnly));
+        scenario.write("base \"C:\\Projet\\Base\\demonstration.mdb\"\nattendre F_Jamais 60\n");
+        scenario.close();
+        QProcess pilote;
+        pilote.start(QStringLiteral(DOSSIER_CONSTRUCTION "/bin/pilote"),
+                     {QStringLiteral("--racine"), racine, scenario.fileName()});
+        const QString base = racine + QStringLiteral("/Projet/Base/demonstration.mdb");
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(base + QStringLiteral("-wal")), 20000);
+        // The spreadsheet is being started by now.
+        QTest::qWait(1000);
+        pilote.terminate();
+        QVERIFY(pilote.waitForFinished(30000));
+        QCOMPARE(pilote.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(pilote.exitCode(), 1);
+        QVERIFY(!QFile::exists(base + QStringLiteral("-wal")));
+    }
+
     void toutesSortesDePas()
     {
         const Partie partie =
