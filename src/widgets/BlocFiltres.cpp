@@ -19,10 +19,11 @@ BlocFiltres::BlocFiltres(QWidget *parent)
     libelle->setBuddy(m_protocole);
     m_protocole->setAccessibleName(QStringLiteral("Protocole de suivi :"));
     m_protocole->lineEdit()->setPlaceholderText(QStringLiteral("Tous"));
-    auto *rangee = new QHBoxLayout(m_blocProtocole);
-    rangee->setContentsMargins(0, 0, 0, 0);
-    rangee->addWidget(libelle);
-    rangee->addWidget(m_protocole, 1);
+    auto *rangees = new QVBoxLayout(m_blocProtocole);
+    rangees->setContentsMargins(0, 0, 0, 0);
+    rangees->setSpacing(2);
+    rangees->addWidget(libelle);
+    rangees->addWidget(m_protocole);
 
     auto *colonne = new QVBoxLayout(this);
     colonne->setContentsMargins(0, 0, 0, 0);

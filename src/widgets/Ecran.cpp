@@ -86,7 +86,7 @@ void Ecran::keyPressEvent(QKeyEvent *evenement)
     else if (nue && (touche == Qt::Key_Return || touche == Qt::Key_Enter)) {
         // A button that has the focus is the one that Enter presses.
         auto *choisi = qobject_cast<QPushButton *>(focusWidget());
-        bouton = choisi && choisi->hasFocus() ? choisi : m_principal.data();
+        bouton = choisi ? choisi : m_principal.data();
     }
     if (!bouton) {
         QWidget::keyPressEvent(evenement);

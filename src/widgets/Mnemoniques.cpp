@@ -50,9 +50,9 @@ bool Mnemoniques::eventFilter(QObject *objet, QEvent *evenement)
         return true;
     trouve->setFocus(Qt::ShortcutFocusReason);
     if (auto *bouton = qobject_cast<QAbstractButton *>(trouve)) {
-        // Once the field that had the focus has been left and checked.
-        QTimer::singleShot(0, bouton, [bouton] {
-            if (bouton->isEnabled() && bouton->hasFocus())
+        // Once the field that had the focus has been left and checked: a refusal takes the focus back.
+        QTimer::singleShot(0, bouton, [this, bouton] {
+            if (bouton->isEnabled() && m_ecran.focusWidget() == bouton && !QApplication::activeModalWidget())
                 bouton->click();
         });
     }

@@ -255,33 +255,41 @@ void F_Concentrations_PC::montrerReperes()
 
 void F_Concentrations_PC::actualiser()
 {
-    const bool plusieursParametres = plusieurs();
-    const QStringList codes = parametres();
-    const bool fraction = demandeFraction(codes);
+    montrerChoixDuParametre();
+    permettreReperes();
+    permettre(m_ui->cmd_rapport,
+              plusieurs() ? QStringLiteral("Le rapport porte sur un seul paramètre") : QString(),
+              QStringLiteral("Éditer le rapport statistique du paramètre à cette station"));
+    permettre(m_ui->cmd_visualiser, pasEncore());
+    permettre(m_ui->cmd_graph_rapport, pasEncore());
+}
 
-    m_ui->cmb_param->setVisible(!plusieursParametres);
-    m_ui->lst_param2->setVisible(plusieursParametres);
-    m_ui->lbl_param->setBuddy(plusieursParametres ? static_cast<QWidget *>(m_ui->lst_param2)
-                                                  : static_cast<QWidget *>(m_ui->cmb_param));
+void F_Concentrations_PC::montrerChoixDuParametre()
+{
+    const bool liste = plusieurs();
+    const bool fraction = demandeFraction(parametres());
+    m_ui->cmb_param->setVisible(!liste);
+    m_ui->lst_param2->setVisible(liste);
+    m_ui->lbl_param->setBuddy(liste ? static_cast<QWidget *>(m_ui->lst_param2) : m_ui->cmb_param);
     m_ui->ZT_LIB_FRACTION->setVisible(fraction);
-    m_ui->ZT_LIB_FRACTION->setBuddy(plusieursParametres ? static_cast<QWidget *>(m_ui->ZL_FRACTION)
-                                                        : static_cast<QWidget *>(m_ui->ZC_FRACTION));
-    m_ui->ZC_FRACTION->setVisible(fraction && !plusieursParametres);
-    m_ui->ZL_FRACTION->setVisible(fraction && plusieursParametres);
+    m_ui->ZT_LIB_FRACTION->setBuddy(liste ? static_cast<QWidget *>(m_ui->ZL_FRACTION) : m_ui->ZC_FRACTION);
+    m_ui->ZC_FRACTION->setVisible(fraction && !liste);
+    m_ui->ZL_FRACTION->setVisible(fraction && liste);
     m_ui->ZL_FRACTION->setEnabled(fraction);
     m_ui->grille_parametre->setColumnStretch(1, fraction ? 2 : 0);
+}
 
+void F_Concentrations_PC::permettreReperes()
+{
+    const QString unSeul = plusieurs() ? QStringLiteral("Disponible pour un seul paramètre") : QString();
     const QString sansParametre =
-        codes.isEmpty() ? QStringLiteral("Choisissez d'abord un paramètre") : QString();
-    const QString unSeul =
-        plusieursParametres ? QStringLiteral("Disponible pour un seul paramètre") : QString();
+        parametres().isEmpty() ? QStringLiteral("Choisissez d'abord un paramètre") : QString();
     // The first reason there is, of: several parameters, no parameter, nothing known of this one.
     const auto raison = [&](bool connu, const QString &inconnu) {
-        if (!unSeul.isEmpty())
-            return unSeul;
-        if (!sansParametre.isEmpty())
-            return sansParametre;
-        return connu ? QString() : inconnu;
+        return !unSeul.isEmpty()          ? unSeul
+               : !sansParametre.isEmpty() ? sansParametre
+               : connu                    ? QString()
+                                          : inconnu;
     };
     permettreCase(m_ui->chk_obj_moyen,
                   raison(m_reperes.objectifMoyen.has_value(),
@@ -296,17 +304,13 @@ void F_Concentrations_PC::actualiser()
                                         QStringLiteral("Il n'y a pas de grille SEQ-Eau pour ce paramètre")));
     permettreCase(m_ui->chk_quantile, unSeul);
     for (const auto &[objectif, frequence] : {std::pair(m_ui->chk_obj_moyen, m_ui->chk_freq_depass1),
-                                              std::pair(m_ui->chk_obj_max, m_ui->chk_freq_depass2)})
+                                              std::pair(m_ui->chk_obj_max, m_ui->chk_freq_depass2)}) {
         permettreCase(frequence, objectif->isChecked()
                                      ? QString()
                                      : QStringLiteral("Cochez d'abord l'objectif auquel elle se rapporte"));
+    }
     permettreCase(m_ui->chk_seuil, sansParametre);
     permettreCase(m_ui->CB_ECHELLE_MAX, sansParametre);
-    permettre(m_ui->cmd_rapport,
-              plusieursParametres ? QStringLiteral("Le rapport porte sur un seul paramètre") : QString(),
-              QStringLiteral("Éditer le rapport statistique du paramètre à cette station"));
-    permettre(m_ui->cmd_visualiser, pasEncore());
-    permettre(m_ui->cmd_graph_rapport, pasEncore());
 }
 
 void F_Concentrations_PC::desactiverFlux()

@@ -51,6 +51,9 @@ private:
     void lireReperesDuParametre();
     // What is shown and what can be used, from what is chosen; each disabled control says why.
     void actualiser();
+    void montrerChoixDuParametre();
+    void permettreReperes();
+    // The values and units that the parameter is held against.
     void montrerReperes();
     void desactiverFlux();
 
