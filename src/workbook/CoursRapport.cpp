@@ -60,7 +60,7 @@ std::optional<QString> CoursRapport::demanderNom()
     demande.dossierInitial = m_dossiers.dossier(NATURE);
     demande.extensionDefaut = QStringLiteral("xls");
     demande.enregistrer = true;
-    const std::optional<QString> chemin = m_dialogue.choisirFichier(demande);
+    std::optional<QString> chemin = m_dialogue.choisirFichier(demande);
     if (chemin)
         m_dossiers.retenir(NATURE, Chemins::dossier(*chemin));
     return chemin;

@@ -40,7 +40,7 @@ bool FichierCompose::lireTable()
 {
     // Where the sectors of the table are: 109 in the header, the rest in a chain of sectors of their own.
     QVector<quint32> lieux;
-    ajouterNombres(lieux, m_enTete.mid(76, 109 * 4));
+    ajouterNombres(lieux, m_enTete.mid(76, qsizetype{109} * 4));
     quint32 suivant = nombre<quint32>(m_enTete, 68);
     for (quint32 reste = nombre<quint32>(m_enTete, 72); reste > 0 && suivant < DERNIER_SECTEUR; --reste) {
         const QByteArray octets = secteur(suivant);
@@ -70,7 +70,7 @@ bool FichierCompose::lireRepertoire(quint32 premierSecteur)
             const QByteArray brut = octets.mid(i, TAILLE_ENTREE);
             const int longueur = qBound(0, nombre<quint16>(brut, 64) / 2 - 1, 31);
             Entree entree;
-            for (int c = 0; c < longueur; ++c)
+            for (qsizetype c = 0; c < longueur; ++c)
                 entree.nom += QChar(nombre<quint16>(brut, c * 2));
             entree.type = static_cast<uchar>(brut.at(66));
             entree.premier = nombre<quint32>(brut, 116);

@@ -76,6 +76,13 @@ struct ValeurEcrite {
     const char *format = nullptr;
 };
 
+// A cell holds no more; the application would cut the rest off without a sign.
+QString abreger(const QString &texte)
+{
+    constexpr qsizetype LONGUEUR_MAXIMALE = 32'767;
+    return texte.size() <= LONGUEUR_MAXIMALE ? texte : texte.left(LONGUEUR_MAXIMALE - 1) + QChar(0x2026);
+}
+
 double fractionDuJour(const QTime &heure)
 {
     return QTime(0, 0).msecsTo(heure) / (SECONDES_PAR_JOUR * 1000.0);
@@ -87,7 +94,7 @@ ValeurEcrite preparer(const QVariant &valeur, const QDate &origine)
     case QMetaType::UnknownType:
         return {Any(rtl::OUString())};
     case QMetaType::QString:
-        return {Any(versUno(valeur.toString()))};
+        return {Any(versUno(abreger(valeur.toString())))};
     case QMetaType::QDate:
         if (!valeur.toDate().isValid())
             return {Any(rtl::OUString())};
@@ -224,7 +231,7 @@ void Plage::ecrire(const Valeurs &valeurs)
                         erreurs.append({l, c});
                         ecrite.valeur <<= rtl::OUString();
                     }
-                    rangee.getArray()[c] = std::move(ecrite.valeur);
+                    rangee.getArray()[c] = ecrite.valeur;
                 }
                 bloc.getArray()[l - debut] = rangee;
             }

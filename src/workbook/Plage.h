@@ -57,7 +57,7 @@ public:
 
     // Write one value into every cell. A text is never read as a formula; a QDate or QDateTime becomes a date value
     // with the format "dd/mm/yyyy" ("dd/mm/yyyy hh:mm" with a time of day) unless the cell has a date format already,
-    // a QTime likewise "hh:mm"; an invalid QVariant empties the cell, its format stays; a number that is not finite
+    // a QTime likewise "hh:mm"; a text longer than the 32 767 characters of a cell is cut, with an ellipsis; an invalid QVariant empties the cell, its format stays; a number that is not finite
     // becomes the error #N/A.
     void ecrire(const QVariant &valeur);
     // Write a rectangle of the range's own size.

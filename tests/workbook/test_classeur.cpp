@@ -15,6 +15,7 @@ private Q_SLOTS:
     void valeursAllerRetour_data();
     void valeursAllerRetour();
     void textesJamaisFormules();
+    void texteTropLong();
     void valeursEtFormats();
     void datesGardentLeurFormat();
     void uneValeurPartout();
@@ -108,6 +109,19 @@ void TestClasseur::textesJamaisFormules()
         QCOMPARE(lu.cellule(feuille, adresse)[QLatin1String("type")].toString(), QStringLiteral("texte"));
         QCOMPARE(lu.valeur(feuille, adresse).toString(), textes.at(i));
     }
+}
+
+// A cell of a .xls holds 32 767 characters.
+void TestClasseur::texteTropLong()
+{
+    auto classeur = m_tableur.ajouter();
+    classeur->feuille(1)
+        .plage(QStringLiteral("A1:A2"))
+        .ecrire(Valeurs{{QString(32'767, u'é')}, {QString(100'000, u'z')}});
+    classeur = relire(std::move(classeur), chemin("longs.xls"));
+    const Valeurs lues = classeur->feuille(1).plage(QStringLiteral("A1:A2")).valeurs();
+    QCOMPARE(lues.at(0).first().toString(), QString(32'767, u'é'));
+    QCOMPARE(lues.at(1).first().toString(), QString(32'766, u'z') + QStringLiteral("…"));
 }
 
 // The formats that values call for, as xlrd sees them, and the serial numbers that Gnumeric sees: 1 March 2009 is day
