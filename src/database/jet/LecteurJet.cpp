@@ -84,7 +84,7 @@ DateHeureJet::DateHeureJet(double jours)
 }
 
 struct LecteurJet::Etat {
-    Etat(QString chemin, Reglages r)
+    Etat(const QString &chemin, Reglages r)
         : reglages(std::move(r)), flux([this] { return plus(); }, QFileInfo(chemin).size())
     {
         // The process sees nothing of the environment that could change its reading.
@@ -126,7 +126,7 @@ struct LecteurJet::Etat {
                 return processus.readAllStandardOutput();
             if (silence.elapsed() > reglages.silenceMs)
                 throw Erreur(
-                    ERREUR_LECTEUR,
+                    ERREUR_ENDOMMAGE,
                     QStringLiteral("La lecture de la base de données Access n'avance plus : le fichier est "
                                    "sans doute endommagé. Il n'a pas été modifié."));
             battre();

@@ -7,7 +7,7 @@ using namespace ProtocoleJet;
 
 namespace
 {
-constexpr std::size_t TAMPON = 128 * 1024;
+constexpr std::size_t TAMPON = 131072;
 }
 
 template <typename T> void Sortie::brut(T v)
