@@ -1,5 +1,6 @@
 #include "database/M_Ouvrir_bdd_OVRA.h"
 
+#include "database/CopieDeTravail.h"
 #include "database/DataEnvironment1.h"
 #include "database/Schema.h"
 #include "database/SondeBase.h"
@@ -91,11 +92,15 @@ QString chaineFournisseur(const QString &versionAccess)
 bool M_Ouvrir_bdd_OVRA::OuvrirBase(Ouverture &o)
 {
     bool convertie = false;
+    std::unique_ptr<CopieDeTravail> copie;
     const auto terminerConversion = [&](bool acceptee) {
         o.donnees.liberer();
         if (convertie && o.etapes.TerminerConversion)
             o.etapes.TerminerConversion(acceptee);
+        if (copie && acceptee)
+            copie->mettreEnPlace();
         convertie = false;
+        copie.reset();
     };
     try {
         o.donnees.liberer();
@@ -109,6 +114,9 @@ bool M_Ouvrir_bdd_OVRA::OuvrirBase(Ouverture &o)
             if (fichier.isEmpty())
                 return false;
             convertie = true;
+        } else if (CopieDeTravail::estUtile(fichier)) {
+            copie = std::make_unique<CopieDeTravail>(fichier);
+            fichier = copie->chemin();
         }
         o.VersionAccess = LireVersionAccess(o, fichier);
         o.ChaineFournisseur = chaineFournisseur(o.VersionAccess);
@@ -116,7 +124,7 @@ bool M_Ouvrir_bdd_OVRA::OuvrirBase(Ouverture &o)
             terminerConversion(false);
             return false;
         }
-        if (convertie) {
+        if (convertie || copie) {
             terminerConversion(true);
             enFrancais([&] { o.donnees.ouvrir(o.FichierBase); });
         } else {

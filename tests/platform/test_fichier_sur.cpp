@@ -1,6 +1,7 @@
 #include "platform/Erreur.h"
 #include "platform/FichierSur.h"
 
+#include <cerrno>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -67,6 +68,47 @@ private Q_SLOTS:
             Erreur, FichierSur::remplacer(dossier.filePath("source"), dossier.filePath("cible")));
         QVERIFY(QDir(dossier.filePath("cible/plein")).exists());
         QCOMPARE(QDir(dossier.path()).entryList(QDir::Files), QStringList{"source"});
+    }
+
+    void doubler()
+    {
+        QTemporaryDir dossier;
+        ecrire(dossier.filePath("un"), "contenu");
+        FichierSur::doubler(dossier.filePath("un"), dossier.filePath("deux"));
+        QCOMPARE(lire(dossier.filePath("deux")), QByteArray("contenu"));
+        // The first name given to another file, the second keeps the content.
+        ecrire(dossier.filePath("autre"), "autre");
+        FichierSur::mettreEnPlace(dossier.filePath("autre"), dossier.filePath("un"));
+        QCOMPARE(lire(dossier.filePath("un")), QByteArray("autre"));
+        QCOMPARE(lire(dossier.filePath("deux")), QByteArray("contenu"));
+        QCOMPARE(QDir(dossier.path()).entryList(QDir::Files), (QStringList{"deux", "un"}));
+    }
+
+    // A name that is taken is never given.
+    void doublerSurUnFichier()
+    {
+        QTemporaryDir dossier;
+        ecrire(dossier.filePath("un"), "contenu");
+        ecrire(dossier.filePath("deux"), "à garder");
+        QVERIFY_THROWS_EXCEPTION(Erreur,
+                                 FichierSur::doubler(dossier.filePath("un"), dossier.filePath("deux")));
+        QCOMPARE(lire(dossier.filePath("deux")), QByteArray("à garder"));
+    }
+
+    void mettreEnPlaceImpossible()
+    {
+        QTemporaryDir dossier;
+        ecrire(dossier.filePath("cible"), "ancien");
+        QVERIFY_THROWS_EXCEPTION(
+            Erreur, FichierSur::mettreEnPlace(dossier.filePath("rien"), dossier.filePath("cible")));
+        QCOMPARE(lire(dossier.filePath("cible")), QByteArray("ancien"));
+    }
+
+    void raisons()
+    {
+        QCOMPARE(FichierSur::raison(ENOSPC), QStringLiteral("Le disque est plein."));
+        QCOMPARE(FichierSur::raison(EROFS), QStringLiteral("Le disque est en lecture seule."));
+        QVERIFY(!FichierSur::raison(12345).isEmpty());
     }
 };
 

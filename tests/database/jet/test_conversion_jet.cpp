@@ -31,6 +31,8 @@ private Q_SLOTS:
     void sansVersionAccess();
     void versionIllisible();
     void access2007();
+    void magasinAncien_data();
+    void magasinAncien();
 
     void nomsDeLAncien_data();
     void nomsDeLAncien();
@@ -458,6 +460,42 @@ void TestConversionJet::access2007()
     QCOMPARE(essai.dialogue.messages.size(), 1);
     QCOMPARE(essai.dialogue.messages[0].titre, "Erreur d'ouverture");
     QVERIFY(essai.dialogue.messages[0].texte.contains("Access 2007"));
+    QCOMPARE(presents(), QStringList{"etude.mdb"});
+}
+
+void TestConversionJet::magasinAncien_data()
+{
+    QTest::addColumn<bool>("accepte");
+    QTest::newRow("accepté") << true;
+    QTest::newRow("refusé") << false;
+}
+
+// A store of ours, not an Access file, that is at 4.0.0 and of the old format: both upgrades, or not a byte.
+void TestConversionJet::magasinAncien()
+{
+    QFETCH(bool, accepte);
+    const QString chemin = m_dossier->filePath("etude.mdb");
+    {
+        DataEnvironment1 donnees;
+        donnees.creer(chemin);
+        donnees.executer("DROP TABLE TECHNIQUE");
+        donnees.executer("UPDATE APPLICATIONPROPERTIES SET PROPERTYVALUE = '4.0.0'");
+        donnees.executer("INSERT INTO RESEAU_MESURE VALUES ('0003', 'BV Sélune', NULL)");
+    }
+    const QByteArray avant = empreinte(chemin);
+    OuvertureDEssai essai;
+    essai.dialogue.reponses.enqueue(accepte ? Reponse::Oui : Reponse::Non);
+    QCOMPARE(essai.ouvrir(chemin), accepte);
+    QCOMPARE(essai.dialogue.questions.size(), 1);
+    QVERIFY(essai.dialogue.messages.isEmpty());
+    if (accepte) {
+        QCOMPARE(essai.valeur("SELECT VERSION FROM TECHNIQUE"), "2L");
+        QCOMPARE(essai.valeur("SELECT PROPERTYVALUE FROM APPLICATIONPROPERTIES"), "4.0.1");
+        QCOMPARE(essai.valeur("SELECT CodeReseau FROM RESEAU_MESURE"), "0400003044");
+        essai.donnees.liberer();
+    } else {
+        QCOMPARE(empreinte(chemin), avant);
+    }
     QCOMPARE(presents(), QStringList{"etude.mdb"});
 }
 
