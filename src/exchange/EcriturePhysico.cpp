@@ -1,7 +1,6 @@
 #include "exchange/EcriturePhysico.h"
 
 #include "database/DataEnvironment1.h"
-#include "exchange/TransactionLigne.h"
 
 namespace
 {
@@ -21,8 +20,7 @@ qint64 premierNumero(Requete &requete, const QVariantList &parametres)
 } // namespace
 
 EcriturePhysico::EcriturePhysico(const DataEnvironment1 &donnees)
-    : m_donnees(donnees),
-      m_chercherAnalyse(
+    : m_chercherAnalyse(
           donnees.Connect_Bdd(),
           QStringLiteral("SELECT NumAnaPC FROM ((MESURE_PHYSICO "
                          "INNER JOIN PRELEVEMENT ON MESURE_PHYSICO.NumPrel = PRELEVEMENT.NumPrel) "
@@ -39,10 +37,10 @@ EcriturePhysico::EcriturePhysico(const DataEnvironment1 &donnees)
           QStringLiteral(
               "INSERT INTO PRELEVEMENT (CodeSandreStationM, CdPoint, DatePrel, HeurePrel, CdSupport, "
               "CodeSandrePrelev, CodeSandreProd, Protocole) VALUES (?, ?, ?, ?, '3', ?, ?, ?)")),
-      m_chercherReseau(donnees.Connect_Bdd(),
-                       QStringLiteral("SELECT 1 FROM PRELEVEMENTRSX WHERE NumPrel = ? AND CodeReseau = ?")),
-      m_ajouterReseau(donnees.Connect_Bdd(),
-                      QStringLiteral("INSERT INTO PRELEVEMENTRSX (NumPrel, CodeReseau) VALUES (?, ?)")),
+      m_rattacher(
+          donnees.Connect_Bdd(),
+          QStringLiteral("INSERT INTO PRELEVEMENTRSX (NumPrel, CodeReseau) SELECT ?, ? WHERE NOT EXISTS "
+                         "(SELECT 1 FROM PRELEVEMENTRSX WHERE NumPrel = ? AND CodeReseau = ?)")),
       m_ajouterAnalyse(
           donnees.Connect_Bdd(),
           QStringLiteral("INSERT INTO MESURE_PHYSICO (NumPrel, CodeParam, ResultatAnaPC, CodeRemarqueAnaPC, "
@@ -73,17 +71,10 @@ qint64 EcriturePhysico::prelevement(const MesurePhysico &mesure)
     return m_ajouterPrelevement.dernierIdentifiant().toLongLong();
 }
 
-void EcriturePhysico::rattacher(qint64 numPrel, const QString &reseau)
-{
-    if (premierNumero(m_chercherReseau, {numPrel, reseau}) == 0)
-        m_ajouterReseau.executer({numPrel, reseau});
-}
-
 void EcriturePhysico::ecrire(const MesurePhysico &mesure, qint64 numAnaPC)
 {
-    TransactionLigne transaction(m_donnees);
     const qint64 numPrel = prelevement(mesure);
-    rattacher(numPrel, mesure.reseau);
+    m_rattacher.executer({numPrel, mesure.reseau, numPrel, mesure.reseau});
     QVariantList valeurs = {numPrel,
                             mesure.parametre,
                             mesure.resultat,
@@ -99,5 +90,4 @@ void EcriturePhysico::ecrire(const MesurePhysico &mesure, qint64 numAnaPC)
         valeurs << numAnaPC;
         m_modifierAnalyse.executer(valeurs);
     }
-    transaction.valider();
 }

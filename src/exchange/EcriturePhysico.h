@@ -15,19 +15,16 @@ public:
     // NumAnaPC of the analysis of this date, hour, parameter, station, manager and fraction; 0 when there is none.
     qint64 chercher(const MesurePhysico &mesure);
     // Writes the sampling where it is new, its membership of the network, and the result: over analysis `numAnaPC`, or
-    // as a new one for 0. All of it or nothing.
+    // as a new one for 0. To be called in a TransactionLigne.
     void ecrire(const MesurePhysico &mesure, qint64 numAnaPC);
 
 private:
     qint64 prelevement(const MesurePhysico &mesure);
-    void rattacher(qint64 numPrel, const QString &reseau);
 
-    const DataEnvironment1 &m_donnees;
     Requete m_chercherAnalyse;
     Requete m_chercherPrelevement;
     Requete m_ajouterPrelevement;
-    Requete m_chercherReseau;
-    Requete m_ajouterReseau;
+    Requete m_rattacher;
     Requete m_ajouterAnalyse;
     Requete m_modifierAnalyse;
 };

@@ -4,20 +4,24 @@
 #include "exchange/EcritureHydro.h"
 #include "exchange/EcriturePhysico.h"
 #include "exchange/EcriturePluvio.h"
+#include "exchange/TransactionLigne.h"
 #include "frame/Session.h"
 
 #include <memory>
 
 namespace
 {
-// The steps of a row: checked against `references` by `lire`, sought, then written by an Ecriture.
+// The steps of a row: checked against `references` by `lire`, then sought and written by an Ecriture, in one go: a
+// program killed in between leaves nothing of the row.
 template <class Ecriture, class Mesure, class References>
 TravailImport::Etapes etapes(const DataEnvironment1 &donnees, References references,
                              Mesure (*lire)(const LigneExcel &, const References &))
 {
     const auto ecriture = std::make_shared<Ecriture>(donnees);
-    return [references = std::move(references), ecriture, lire](const LigneExcel &ligne, bool remplacer) {
+    return [&donnees, references = std::move(references), ecriture, lire](const LigneExcel &ligne,
+                                                                          bool remplacer) {
         const Mesure mesure = lire(ligne, references);
+        TransactionLigne transaction(donnees);
         const qint64 numero = ecriture->chercher(mesure);
         if (numero != 0 && !remplacer) {
             ArretImport arret;
@@ -25,6 +29,7 @@ TravailImport::Etapes etapes(const DataEnvironment1 &donnees, References referen
             throw arret;
         }
         ecriture->ecrire(mesure, numero);
+        transaction.valider();
     };
 }
 } // namespace

@@ -38,22 +38,35 @@ void TableDeNoms::ajouter(const QString &nom, const QString &code)
     const QString nomPlie = cle(nom);
     if (!nomPlie.isEmpty() && !m_codes.contains(nomPlie))
         m_codes.insert(nomPlie, code);
+    m_cherches.clear();
 }
 
 std::optional<QString> TableDeNoms::chercher(const QString &nom) const
 {
+    if (const auto connu = m_cherches.constFind(nom); connu != m_cherches.constEnd())
+        return *connu;
     const auto trouve = m_codes.constFind(cle(nom));
-    return trouve == m_codes.constEnd() ? std::nullopt : std::optional(*trouve);
+    return *m_cherches.insert(nom, trouve == m_codes.constEnd() ? std::nullopt : std::optional(*trouve));
 }
 
 void UnitesAssociees::ajouter(const QString &codeParam, const QString &codeUnite, const QString &symbole,
                               bool isOvl)
 {
     m_unites[cle(codeParam)].append({cle(codeUnite), cle(symbole), isOvl});
+    m_cherchees.clear();
 }
 
 int UnitesAssociees::ParamUniteAssociee(const QString &codeParam, const QString &codeUnite,
                                         const QString &symbole) const
+{
+    const QStringList cherchee = {codeParam, codeUnite, symbole};
+    if (const auto connue = m_cherchees.constFind(cherchee); connue != m_cherchees.constEnd())
+        return *connue;
+    return *m_cherchees.insert(cherchee, premiere(codeParam, codeUnite, symbole));
+}
+
+int UnitesAssociees::premiere(const QString &codeParam, const QString &codeUnite,
+                              const QString &symbole) const
 {
     const auto parametre = m_unites.constFind(cle(codeParam));
     if (parametre == m_unites.constEnd())

@@ -5,6 +5,7 @@
 #include <optional>
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 class DataEnvironment1;
@@ -20,6 +21,8 @@ public:
 
 private:
     QHash<QString, QString> m_codes;
+    // What was sought so far, as it was written: a file says the same names over and over.
+    mutable QHash<QString, std::optional<QString>> m_cherches;
 };
 
 // The units in which each parameter may be imported (IMPORT_PAR_URF).
@@ -37,7 +40,10 @@ private:
         QString symbole;
         bool isOvl = false;
     };
+    int premiere(const QString &codeParam, const QString &codeUnite, const QString &symbole) const;
+
     QHash<QString, QVector<Unite>> m_unites;
+    mutable QHash<QStringList, int> m_cherchees;
 };
 
 struct ReferencesPhysico {

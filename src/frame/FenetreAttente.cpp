@@ -62,7 +62,8 @@ void FenetreAttente::maximum(int valeur)
 
 void FenetreAttente::valeur(int valeur)
 {
-    if (!isVisible())
+    // The bar paints itself as soon as it moves: it moves when it can be seen, not for each of thousands of rows.
+    if (!isVisible() || !Reprise::venue())
         return;
     m_ui->progression->setValue(std::min(valeur, m_ui->progression->maximum()));
     Reprise::cederParfois(m_dialogue);

@@ -5,6 +5,8 @@
 
 namespace Reprise
 {
-// Lets pending events be handled if 40 ms have passed since the last time.
+// Whether 40 ms have passed since the last time that events were handled from here.
+bool venue();
+// Lets pending events be handled if so.
 void cederParfois(Dialogue &dialogue);
 } // namespace Reprise
