@@ -2,49 +2,39 @@
 
 #include "database/DataEnvironment1.h"
 
-namespace
-{
-QVariant heure(const MesureHydro &mesure)
-{
-    return mesure.heure.isEmpty() ? QVariant() : QVariant(mesure.heure);
-}
-} // namespace
+using Valeur = InstructionDirecte::Valeur;
 
 EcritureHydro::EcritureHydro(const DataEnvironment1 &donnees)
-    : m_chercher(donnees.Connect_Bdd(),
-                 QStringLiteral("SELECT NumMesureHM, DebitJourMesureHM, DebitMoisMesureHM FROM MESURE_HYDRO "
-                                "WHERE DateMesureHM = ? AND HeureMesureHM IS ? AND CodeStationHM = ? "
-                                "ORDER BY NumMesureHM")),
+    : m_chercherJour(donnees.Connect_Bdd(),
+                     "SELECT NumMesureHM FROM MESURE_HYDRO WHERE DateMesureHM = ? AND HeureMesureHM IS ? "
+                     "AND CodeStationHM = ? AND DebitJourMesureHM IS NOT NULL ORDER BY NumMesureHM LIMIT 1"),
+      m_chercherMois(donnees.Connect_Bdd(),
+                     "SELECT NumMesureHM FROM MESURE_HYDRO WHERE DateMesureHM = ? AND HeureMesureHM IS ? "
+                     "AND CodeStationHM = ? AND DebitMoisMesureHM IS NOT NULL ORDER BY NumMesureHM LIMIT 1"),
       m_ajouter(donnees.Connect_Bdd(),
-                QStringLiteral("INSERT INTO MESURE_HYDRO (DateMesureHM, HeureMesureHM, DebitJourMesureHM, "
-                               "DebitMoisMesureHM, CodeStationHM) VALUES (?, ?, ?, ?, ?)")),
+                "INSERT INTO MESURE_HYDRO (DateMesureHM, HeureMesureHM, DebitJourMesureHM, "
+                "DebitMoisMesureHM, CodeStationHM) VALUES (?, ?, ?, ?, ?)"),
       m_modifierJour(donnees.Connect_Bdd(),
-                     QStringLiteral("UPDATE MESURE_HYDRO SET DebitJourMesureHM = ? WHERE NumMesureHM = ?")),
+                     "UPDATE MESURE_HYDRO SET DebitJourMesureHM = ? WHERE NumMesureHM = ?"),
       m_modifierMois(donnees.Connect_Bdd(),
-                     QStringLiteral("UPDATE MESURE_HYDRO SET DebitMoisMesureHM = ? WHERE NumMesureHM = ?"))
+                     "UPDATE MESURE_HYDRO SET DebitMoisMesureHM = ? WHERE NumMesureHM = ?")
 {
 }
 
-qint64 EcritureHydro::chercher(const MesureHydro &mesure)
+qint64 EcritureHydro::chercher(const MesureHydro &m)
 {
-    m_chercher.executer({mesure.date, heure(mesure), mesure.station});
-    qint64 numero = 0;
-    while (numero == 0 && m_chercher.suivant()) {
-        if (!m_chercher.valeur(mesure.mensuel ? 2 : 1).isNull())
-            numero = m_chercher.valeur(0).toLongLong();
-    }
-    m_chercher.finir();
-    return numero;
+    return (m.mensuel ? m_chercherMois : m_chercherJour)
+        .premierEntier({m.date.toString(Qt::ISODate), InstructionDirecte::ouNul(m.heure), m.station});
 }
 
-void EcritureHydro::ecrire(const MesureHydro &mesure, qint64 numMesureHM)
+void EcritureHydro::ecrire(const MesureHydro &m, qint64 numMesureHM)
 {
     // Date, hour and station of a reading that was found are already those of the row.
     if (numMesureHM != 0) {
-        (mesure.mensuel ? m_modifierMois : m_modifierJour).executer({mesure.debit_l_s, numMesureHM});
+        (m.mensuel ? m_modifierMois : m_modifierJour).executer({m.debit_l_s, numMesureHM});
         return;
     }
-    const QVariant debit = mesure.debit_l_s;
-    m_ajouter.executer({mesure.date, heure(mesure), mesure.mensuel ? QVariant() : debit,
-                        mesure.mensuel ? debit : QVariant(), mesure.station});
+    const Valeur debit = m.debit_l_s;
+    m_ajouter.executer({m.date.toString(Qt::ISODate), InstructionDirecte::ouNul(m.heure),
+                        m.mensuel ? Valeur() : debit, m.mensuel ? debit : Valeur(), m.station});
 }

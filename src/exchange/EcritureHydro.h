@@ -1,7 +1,7 @@
 // What an import of flows asks of the store and writes there.
 #pragma once
 
-#include "database/Requete.h"
+#include "database/InstructionDirecte.h"
 #include "exchange/LigneHydro.h"
 
 class DataEnvironment1;
@@ -19,8 +19,9 @@ public:
     void ecrire(const MesureHydro &mesure, qint64 numMesureHM);
 
 private:
-    Requete m_chercher;
-    Requete m_ajouter;
-    Requete m_modifierJour;
-    Requete m_modifierMois;
+    InstructionDirecte m_chercherJour;
+    InstructionDirecte m_chercherMois;
+    InstructionDirecte m_ajouter;
+    InstructionDirecte m_modifierJour;
+    InstructionDirecte m_modifierMois;
 };

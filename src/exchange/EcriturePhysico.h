@@ -1,7 +1,7 @@
 // What an import of physico-chemical measures asks of the store and writes there.
 #pragma once
 
-#include "database/Requete.h"
+#include "database/InstructionDirecte.h"
 #include "exchange/LignePhysico.h"
 
 class DataEnvironment1;
@@ -21,10 +21,10 @@ public:
 private:
     qint64 prelevement(const MesurePhysico &mesure);
 
-    Requete m_chercherAnalyse;
-    Requete m_chercherPrelevement;
-    Requete m_ajouterPrelevement;
-    Requete m_rattacher;
-    Requete m_ajouterAnalyse;
-    Requete m_modifierAnalyse;
+    InstructionDirecte m_chercherAnalyse;
+    InstructionDirecte m_chercherPrelevement;
+    InstructionDirecte m_ajouterPrelevement;
+    InstructionDirecte m_rattacher;
+    InstructionDirecte m_ajouterAnalyse;
+    InstructionDirecte m_modifierAnalyse;
 };

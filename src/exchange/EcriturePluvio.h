@@ -1,7 +1,7 @@
 // What an import of rainfall asks of the store and writes there.
 #pragma once
 
-#include "database/Requete.h"
+#include "database/InstructionDirecte.h"
 #include "exchange/LignePluvio.h"
 
 class DataEnvironment1;
@@ -18,7 +18,7 @@ public:
     void ecrire(const MesurePluvio &mesure, qint64 numMesurePM);
 
 private:
-    Requete m_chercher;
-    Requete m_ajouter;
-    Requete m_modifier;
+    InstructionDirecte m_chercher;
+    InstructionDirecte m_ajouter;
+    InstructionDirecte m_modifier;
 };

@@ -18,10 +18,11 @@ TravailImport::Etapes etapes(const DataEnvironment1 &donnees, References referen
                              Mesure (*lire)(const LigneExcel &, const References &))
 {
     const auto ecriture = std::make_shared<Ecriture>(donnees);
-    return [&donnees, references = std::move(references), ecriture, lire](const LigneExcel &ligne,
-                                                                          bool remplacer) {
+    const auto transactions = std::make_shared<Transactions>(donnees);
+    return [transactions, references = std::move(references), ecriture, lire](const LigneExcel &ligne,
+                                                                              bool remplacer) {
         const Mesure mesure = lire(ligne, references);
-        TransactionLigne transaction(donnees);
+        TransactionLigne transaction(*transactions);
         const qint64 numero = ecriture->chercher(mesure);
         if (numero != 0 && !remplacer) {
             ArretImport arret;

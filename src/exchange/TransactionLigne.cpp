@@ -3,10 +3,16 @@
 #include "database/DataEnvironment1.h"
 #include "platform/Erreur.h"
 
-TransactionLigne::TransactionLigne(const DataEnvironment1 &donnees) : m_donnees(donnees)
+// The write lock is taken at once: a lock that is asked for half-way cannot be waited for.
+Transactions::Transactions(const DataEnvironment1 &donnees)
+    : m_commencer(donnees.Connect_Bdd(), "BEGIN IMMEDIATE"), m_valider(donnees.Connect_Bdd(), "COMMIT"),
+      m_annuler(donnees.Connect_Bdd(), "ROLLBACK")
 {
-    // The write lock is taken at once: a lock that is asked for half-way cannot be waited for.
-    m_donnees.preparee(QStringLiteral("BEGIN IMMEDIATE")).executer({});
+}
+
+TransactionLigne::TransactionLigne(Transactions &transactions) : m_transactions(transactions)
+{
+    m_transactions.m_commencer.executer();
 }
 
 TransactionLigne::~TransactionLigne()
@@ -14,7 +20,7 @@ TransactionLigne::~TransactionLigne()
     if (!m_ouverte)
         return;
     try {
-        m_donnees.executer(QStringLiteral("ROLLBACK"));
+        m_transactions.m_annuler.executer();
     } catch (const Erreur &) {
         // The failure that brought us here has ended the transaction, and is the one to tell.
     }
@@ -22,6 +28,6 @@ TransactionLigne::~TransactionLigne()
 
 void TransactionLigne::valider()
 {
-    m_donnees.preparee(QStringLiteral("COMMIT")).executer({});
+    m_transactions.m_valider.executer();
     m_ouverte = false;
 }

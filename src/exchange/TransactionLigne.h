@@ -1,13 +1,28 @@
 // The rows that one imported line writes become one whole: a program killed between them leaves none.
 #pragma once
 
+#include "database/InstructionDirecte.h"
+
 class DataEnvironment1;
+
+// The statements of the transactions, prepared once for a run.
+class Transactions
+{
+public:
+    explicit Transactions(const DataEnvironment1 &donnees);
+
+private:
+    friend class TransactionLigne;
+    InstructionDirecte m_commencer;
+    InstructionDirecte m_valider;
+    InstructionDirecte m_annuler;
+};
 
 // Undone when destroyed, unless validated.
 class TransactionLigne
 {
 public:
-    explicit TransactionLigne(const DataEnvironment1 &donnees);
+    explicit TransactionLigne(Transactions &transactions);
     ~TransactionLigne();
     TransactionLigne(const TransactionLigne &) = delete;
     TransactionLigne &operator=(const TransactionLigne &) = delete;
@@ -15,6 +30,6 @@ public:
     void valider();
 
 private:
-    const DataEnvironment1 &m_donnees;
+    Transactions &m_transactions;
     bool m_ouverte = true;
 };
