@@ -10,6 +10,7 @@
 #include <com/sun/star/sheet/XCellRangeReferrer.hpp>
 #include <com/sun/star/sheet/XNamedRanges.hpp>
 #include <com/sun/star/sheet/XSpreadsheets.hpp>
+#include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 #include <com/sun/star/util/Date.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/util/XNumberFormats.hpp>
@@ -96,6 +97,14 @@ Classeur::~Classeur()
 void Classeur::enregistrerSous(const QString &cheminHote)
 {
     ecrireClasseur(*m_donnees, cheminHote, filtrePour(cheminHote));
+    m_donnees->chemin = cheminHote;
+    m_donnees->lectureSeule = false;
+}
+
+void Classeur::reprendreSous(const QString &cheminHote)
+{
+    m_donnees->ouvert();
+    copierClasseur(m_donnees->chemin, cheminHote);
     m_donnees->chemin = cheminHote;
     m_donnees->lectureSeule = false;
 }
@@ -206,6 +215,18 @@ std::optional<Plage> Classeur::plageNommee(const QString &nom) const
             return Plage(std::make_shared<Plage::Donnees>(std::move(donneesFeuille), plage, lieu));
         }
         return std::nullopt;
+    });
+}
+
+void Classeur::policeParDefaut(const QString &nom, double points)
+{
+    m_donnees->instance->appeler([&] {
+        const Reference<css::style::XStyleFamiliesSupplier> styles(m_donnees->ouvert(), UNO_QUERY_THROW);
+        const Reference<css::container::XNameAccess> cellules(
+            styles->getStyleFamilies()->getByName("CellStyles"), UNO_QUERY_THROW);
+        const Reference<css::beans::XPropertySet> style(cellules->getByName("Default"), UNO_QUERY_THROW);
+        style->setPropertyValue("CharFontName", Any(versUno(nom)));
+        style->setPropertyValue("CharHeight", Any(static_cast<float>(points)));
     });
 }
 

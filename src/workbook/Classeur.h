@@ -22,6 +22,9 @@ public:
     // unless the name ends in ".xlsx" or ".ods". An Erreur tells what is in the way (a folder that cannot be written,
     // a file open in another program, a full disk), and a file that was there is then untouched.
     void enregistrerSous(const QString &cheminHote);
+    // Bears this name from now on, the file that it was opened from standing there as it is: what enregistrerSous gives for
+    // a workbook in which nothing was written yet, without the time that writing it out takes.
+    void reprendreSous(const QString &cheminHote);
     // Saves under the name that it bears.
     void enregistrer();
     void exporterPdf(const QString &cheminHote);
@@ -39,6 +42,8 @@ public:
 
     // The range behind a defined name ("reseau_sandre"), or nothing.
     std::optional<Plage> plageNommee(const QString &nom) const;
+    // The font of every cell that is given no other one.
+    void policeParDefaut(const QString &nom, double points);
     void nommerPlage(const QString &nom, const Plage &plage);
 
 private:

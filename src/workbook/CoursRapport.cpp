@@ -108,7 +108,7 @@ bool CoursRapport::produire(const CommandeRapport &commande, const QString &chem
     m_tableur.definirAttente([this] { m_dialogue.ceder(); });
     const auto finAttente = qScopeGuard([this] { m_tableur.definirAttente({}); });
     const std::unique_ptr<Classeur> classeur = m_tableur.ouvrir(modele);
-    classeur->enregistrerSous(chemin);
+    classeur->reprendreSous(chemin);
     // From here on the file is ours: gone with the report unless that ends well.
     auto effacement = qScopeGuard([&chemin] { QFile::remove(chemin); });
 

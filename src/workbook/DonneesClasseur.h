@@ -52,6 +52,8 @@ public:
 
     std::shared_ptr<Classeur::Donnees> classeur;
     const css::uno::Reference<css::sheet::XSpreadsheet> &objet() const;
+    // Its place among the sheets, from 0: asked once, as sheets are only ever added after the others.
+    sal_Int16 rang() const;
     // All calls to the application go through here.
     template <class F> std::invoke_result_t<F> appeler(F &&appels) const
     {
@@ -62,6 +64,7 @@ public:
 private:
     mutable css::uno::Reference<css::sheet::XSpreadsheet> m_objet;
     mutable int m_deplacements;
+    mutable std::optional<sal_Int16> m_rang;
 };
 
 class Plage::Donnees

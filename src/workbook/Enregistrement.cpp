@@ -73,17 +73,20 @@ QString mettreEnPlace(const QString &source, const QString &chemin)
         return {};
     return motifEchec(QFileInfo(chemin).absolutePath(), ecrit.errorString());
 }
+
+// An Erreur unless there is no reason.
+void refuser(const QString &chemin, const QString &raison)
+{
+    if (!raison.isEmpty())
+        throw Erreur(PasEnregistre, QStringLiteral("Le fichier « %1 » ne peut pas être enregistré : %2")
+                                        .arg(Chemins::titre(chemin), raison));
+}
 } // namespace
 
 void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre)
 {
-    const auto refuser = [&cheminHote](const QString &raison) {
-        throw Erreur(PasEnregistre, QStringLiteral("Le fichier « %1 » ne peut pas être enregistré : %2")
-                                        .arg(Chemins::titre(cheminHote), raison));
-    };
     donnees.ouvert();
-    if (const QString raison = obstacle(cheminHote); !raison.isEmpty())
-        refuser(raison);
+    refuser(cheminHote, obstacle(cheminHote));
 
     const QString dossier = donnees.instance->dossierTemporaire();
     const QString provisoire = dossier + QStringLiteral("/classeur");
@@ -98,10 +101,15 @@ void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const
     } catch (const ErreurTableur &) {
         throw;
     } catch (const Erreur &e) {
-        refuser(motifEchec(dossier, e.description()));
+        refuser(cheminHote, motifEchec(dossier, e.description()));
     }
     const QString raison = mettreEnPlace(provisoire, cheminHote);
     QFile::remove(provisoire);
-    if (!raison.isEmpty())
-        refuser(raison);
+    refuser(cheminHote, raison);
+}
+
+void copierClasseur(const QString &source, const QString &cheminHote)
+{
+    refuser(cheminHote, obstacle(cheminHote));
+    refuser(cheminHote, mettreEnPlace(source, cheminHote));
 }

@@ -7,3 +7,5 @@
 // The spreadsheet writes into its own temporary folder, and the finished file is put in place from there: an instance
 // that is killed meanwhile leaves nothing beside the user's documents. An Erreur tells why the file cannot be written.
 void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre);
+// Puts a copy of a workbook's file at this path, with the same care and the same words.
+void copierClasseur(const QString &source, const QString &cheminHote);

@@ -6,6 +6,7 @@
 #include <com/sun/star/lang/IndexOutOfBoundsException.hpp>
 #include <com/sun/star/sheet/CellFlags.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XCellRangeMovement.hpp>
 #include <com/sun/star/sheet/XCellRangesQuery.hpp>
 #include <com/sun/star/sheet/XSheetCellRanges.hpp>
 #include <com/sun/star/sheet/XSpreadsheets.hpp>
@@ -62,6 +63,14 @@ const Reference<css::sheet::XSpreadsheet> &Feuille::Donnees::objet() const
     return m_objet;
 }
 
+sal_Int16 Feuille::Donnees::rang() const
+{
+    if (!m_rang)
+        m_rang =
+            Reference<css::sheet::XCellRangeAddressable>(objet(), UNO_QUERY_THROW)->getRangeAddress().Sheet;
+    return *m_rang;
+}
+
 Feuille::Feuille(std::shared_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
 
 QString Feuille::nom() const
@@ -87,8 +96,13 @@ Plage Feuille::plage(int ligne1, int colonne1, int ligne2, int colonne2) const
 {
     return m_donnees->appeler([&] {
         try {
-            return plageDe(m_donnees, m_donnees->objet()->getCellRangeByPosition(colonne1 - 1, ligne1 - 1,
-                                                                                 colonne2 - 1, ligne2 - 1));
+            const css::table::CellRangeAddress lieu(m_donnees->rang(), colonne1 - 1, ligne1 - 1, colonne2 - 1,
+                                                    ligne2 - 1);
+            return Plage(std::make_shared<Plage::Donnees>(
+                m_donnees,
+                m_donnees->objet()->getCellRangeByPosition(lieu.StartColumn, lieu.StartRow, lieu.EndColumn,
+                                                           lieu.EndRow),
+                lieu));
         } catch (const css::lang::IndexOutOfBoundsException &) {
             throw Erreur(HorsFeuille, QStringLiteral("Les cellules L%1C%2 à L%3C%4 sont hors de la feuille.")
                                           .arg(ligne1)
@@ -123,6 +137,15 @@ void Feuille::supprimerLignes(int ligne, int nombre)
 {
     m_donnees->appeler([&] { lignesDe(*m_donnees)->removeByIndex(ligne - 1, nombre); });
     ++m_donnees->classeur->deplacements;
+}
+
+void Feuille::copier(const Plage &source, int ligne, int colonne)
+{
+    m_donnees->appeler([&] {
+        Reference<css::sheet::XCellRangeMovement>(m_donnees->objet(), UNO_QUERY_THROW)
+            ->copyRange(css::table::CellAddress(m_donnees->rang(), colonne - 1, ligne - 1),
+                        source.donnees().adresse);
+    });
 }
 
 int Feuille::derniereLigne() const

@@ -26,6 +26,8 @@ public:
     // Inserts rows before this one, pushing the rest down; they take the formats of the row above.
     void insererLignes(int ligne, int nombre = 1);
     void supprimerLignes(int ligne, int nombre = 1);
+    // Copies cells, values and looks, of this workbook; this is the top left cell of where they go.
+    void copier(const Plage &source, int ligne, int colonne);
     // Last row and column that hold anything; 0 when the sheet is empty.
     int derniereLigne() const;
     int derniereColonne() const;

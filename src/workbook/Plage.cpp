@@ -32,7 +32,8 @@ int lignesParMessage(int colonnes)
 
 Reference<css::sheet::XCellRangeData> cellulesDe(const Plage::Donnees &donnees, int premiere, int derniere)
 {
-    return {donnees.tranche(premiere, derniere), UNO_QUERY_THROW};
+    const bool toutes = premiere == 0 && derniere == donnees.adresse.EndRow - donnees.adresse.StartRow;
+    return {toutes ? donnees.plage : donnees.tranche(premiere, derniere), UNO_QUERY_THROW};
 }
 
 // Sign of an error by the spreadsheet's number for it.
@@ -249,6 +250,17 @@ void Plage::viderContenu()
                                   css::sheet::CellFlags::STRING | css::sheet::CellFlags::FORMULA;
     m_donnees->appeler([this] {
         Reference<css::sheet::XSheetOperation>(m_donnees->plage, UNO_QUERY_THROW)->clearContents(CONTENU);
+    });
+}
+
+void Plage::effacer()
+{
+    constexpr sal_Int32 TOUT = css::sheet::CellFlags::VALUE | css::sheet::CellFlags::DATETIME |
+                               css::sheet::CellFlags::STRING | css::sheet::CellFlags::FORMULA |
+                               css::sheet::CellFlags::ANNOTATION | css::sheet::CellFlags::HARDATTR |
+                               css::sheet::CellFlags::STYLES;
+    m_donnees->appeler([this] {
+        Reference<css::sheet::XSheetOperation>(m_donnees->plage, UNO_QUERY_THROW)->clearContents(TOUT);
     });
 }
 

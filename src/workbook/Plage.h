@@ -64,6 +64,7 @@ public:
     void ecrire(const Valeurs &valeurs);
 
     void viderContenu();                     // ClearContents: the formats stay
+    void effacer();                          // contents and looks: as never used
     void supprimerCellules(bool versLeHaut); // Delete with Shift: up, else to the left
     void insererCellules(bool versLeBas);    // Insert with Shift: down, else to the right
 

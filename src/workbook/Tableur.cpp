@@ -40,6 +40,9 @@ std::shared_ptr<Classeur::Donnees> charger(const std::shared_ptr<InstanceCalc> &
             css::uno::UNO_QUERY);
         if (!document.is())
             return nullptr;
+        // Nobody will undo: what is overwritten need not be kept.
+        css::uno::Reference<css::beans::XPropertySet>(document, css::uno::UNO_QUERY_THROW)
+            ->setPropertyValue("IsUndoEnabled", Any(false));
         return std::make_shared<Classeur::Donnees>(instance, document, chemin, lectureSeule);
     });
 }
