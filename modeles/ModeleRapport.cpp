@@ -20,6 +20,7 @@ constexpr int LARGEUR_ANNEE = 2100;
 constexpr int MARGE = 1200;
 
 constexpr double CORPS = 9;
+const QString DEUX_DECIMALES = QStringLiteral("0.00");
 
 class Dessin
 {
@@ -57,10 +58,8 @@ private:
         m_feuille.largeurColonne(COLONNE_LIBELLES, LARGEUR_LIBELLES);
         for (int colonne = COLONNE_PREMIERE_ANNEE; colonne <= DERNIERE_COLONNE; ++colonne)
             m_feuille.largeurColonne(colonne, LARGEUR_ANNEE);
-        // The rows that a report can reach have one font, whatever the reader's own default; the heights given below are
-        // those of the blank rows.
-        Plage tout = plage(1, COLONNE_LIBELLES, LIGNE_PREMIER_BLOC + LIGNES_RESERVEES, DERNIERE_COLONNE);
-        tout.nomPolice(QStringLiteral("Arial"));
+        Plage tout =
+            plage(1, COLONNE_LIBELLES, LIGNE_PREMIER_BLOC + LIGNES_BLOC + LIGNES_RESERVEES, DERNIERE_COLONNE);
         tout.taillePolice(CORPS);
         tout.alignementVertical(Alignement::Milieu);
         hauteur(1, 200);
@@ -103,6 +102,8 @@ private:
         valeurs.taillePolice(10);
         valeurs.renvoiALaLigne(true);
         valeurs.alignementHorizontal(Alignement::Gauche);
+        // A station's code keeps its leading zeros.
+        m_feuille.cellule(LIGNE_CODE, COLONNE_IDENTITE).formatNombre(QStringLiteral("@"));
     }
 
     void periode()
@@ -111,10 +112,10 @@ private:
         Plage libelle = m_feuille.cellule(LIGNE_PERIODE, COLONNE_LIBELLES);
         libelle.alignementHorizontal(Alignement::Droite);
         libelle.couleurPolice(GRIS_TEXTE);
-        ecrire(LIGNE_PERIODE, COLONNE_DEBUT + 1, QStringLiteral("au"));
         Plage dates = plage(LIGNE_PERIODE, COLONNE_DEBUT, LIGNE_PERIODE, COLONNE_FIN);
         dates.alignementHorizontal(Alignement::Centre);
         dates.taillePolice(10);
+        dates.formatNombre(QStringLiteral("dd/mm/yyyy"));
         for (const int colonne : {COLONNE_DEBUT, COLONNE_FIN})
             m_feuille.cellule(LIGNE_PERIODE, colonne).gras(true);
         hauteur(LIGNE_PERIODE, HAUTEUR_IDENTITE);
@@ -145,7 +146,6 @@ private:
     void interannuel()
     {
         rubrique(LIGNE_TITRE_PERIODE, QStringLiteral("Statistiques interannuelles"));
-        ecrire(LIGNE_PERIODE_EFFECTIF, COLONNE_LIBELLES, QStringLiteral("Nombre de mesure(s)"));
         for (int ligne = LIGNE_INTITULES_PERIODE; ligne <= LIGNE_PERIODE_FIN; ++ligne) {
             plage(ligne, COLONNE_SUR_LA_BASE, ligne, COLONNE_SUR_LES_RETENUES - 1).fusionner();
             plage(ligne, COLONNE_SUR_LES_RETENUES, ligne, DERNIERE_COLONNE).fusionner();
@@ -157,19 +157,15 @@ private:
         intitules.fond(FOND_INTITULES);
         intitules.renvoiALaLigne(true);
         hauteur(LIGNE_INTITULES_PERIODE, HAUTEUR_LIGNE + 100);
+        m_feuille.hauteurLignes(LIGNE_PERIODE_DEPASSEMENTS, DEPASSEMENTS_PERIODE, HAUTEUR_DEUX_LIGNES);
         plage(LIGNE_PERIODE_EFFECTIF, COLONNE_LIBELLES, LIGNE_PERIODE_FIN, COLONNE_LIBELLES)
             .renvoiALaLigne(true);
         plage(LIGNE_INTITULES_PERIODE, COLONNE_SUR_LA_BASE, LIGNE_PERIODE_FIN, DERNIERE_COLONNE)
             .alignementHorizontal(Alignement::Centre);
         // Rounded to two decimals they are shown with two, the extremes as they are.
         for (const auto &[premiere, derniere] : {std::pair(17, 17), std::pair(22, 25)})
-            plage(premiere, COLONNE_SUR_LA_BASE, derniere, DERNIERE_COLONNE)
-                .formatNombre(QStringLiteral("0.00"));
-        Plage tableau = plage(LIGNE_INTITULES_PERIODE, COLONNE_LIBELLES, LIGNE_PERIODE_FIN, DERNIERE_COLONNE);
-        for (const Bord bord : {Bord::Gauche, Bord::Haut, Bord::Bas, Bord::Droite})
-            tableau.bord(bord, TraitBord::Continu, EpaisseurBord::Moyen);
-        for (const Bord bord : {Bord::InterieurVertical, Bord::InterieurHorizontal})
-            tableau.bord(bord, TraitBord::Continu, EpaisseurBord::Fin);
+            plage(premiere, COLONNE_SUR_LA_BASE, derniere, DERNIERE_COLONNE).formatNombre(DEUX_DECIMALES);
+        encadrer(plage(LIGNE_INTITULES_PERIODE, COLONNE_LIBELLES, LIGNE_PERIODE_FIN, DERNIERE_COLONNE));
 
         ecrire(
             LIGNE_NOTE_PERIODE, COLONNE_LIBELLES,
@@ -204,14 +200,35 @@ private:
             .alignementHorizontal(Alignement::Centre);
     }
 
-    // Rows inserted for further blocks take after the blank row that follows the first one.
+    // The first block, for five years; the rows below are those that inserted ones take after.
     void annees()
     {
         rubrique(LIGNE_TITRE_ANNEES, QStringLiteral("Statistiques annuelles"));
-        const int derniere = LIGNE_PREMIER_BLOC + LIGNES_RESERVEES;
-        plage(LIGNE_PREMIER_BLOC, COLONNE_LIBELLES, derniere, COLONNE_LIBELLES).renvoiALaLigne(true);
-        plage(LIGNE_PREMIER_BLOC, COLONNE_PREMIERE_ANNEE, derniere, DERNIERE_COLONNE)
+        const int fin = LIGNE_PREMIER_BLOC + FIGURES_ANNEE;
+        m_feuille.hauteurLignes(LIGNE_PREMIER_BLOC, LIGNES_BLOC + LIGNES_RESERVEES, HAUTEUR_LIGNE);
+        m_feuille.hauteurLignes(LIGNE_PREMIER_BLOC + RANG_DEPASSEMENT_MOYEN, DEPASSEMENTS_ANNEE,
+                                HAUTEUR_DEUX_LIGNES);
+        plage(LIGNE_PREMIER_BLOC, COLONNE_LIBELLES, fin, COLONNE_LIBELLES).renvoiALaLigne(true);
+        plage(LIGNE_PREMIER_BLOC, COLONNE_PREMIERE_ANNEE, fin, DERNIERE_COLONNE)
             .alignementHorizontal(Alignement::Centre);
+        Plage intitules = bande(LIGNE_PREMIER_BLOC);
+        intitules.gras(true);
+        intitules.fond(FOND_INTITULES);
+        for (const auto &[premier, dernier] :
+             {std::pair(RANG_MOYENNE, RANG_MINIMUM), std::pair(RANG_MEDIANE, RANG_MOYENNE_PONDEREE)})
+            plage(LIGNE_PREMIER_BLOC + premier, COLONNE_PREMIERE_ANNEE, LIGNE_PREMIER_BLOC + dernier,
+                  DERNIERE_COLONNE)
+                .formatNombre(DEUX_DECIMALES);
+        encadrer(plage(LIGNE_PREMIER_BLOC, COLONNE_LIBELLES, fin, DERNIERE_COLONNE));
+    }
+
+    // A strong outline, thin lines inside.
+    static void encadrer(Plage tableau)
+    {
+        for (const Bord bord : {Bord::Gauche, Bord::Haut, Bord::Bas, Bord::Droite})
+            tableau.bord(bord, TraitBord::Continu, EpaisseurBord::Moyen);
+        for (const Bord bord : {Bord::InterieurVertical, Bord::InterieurHorizontal})
+            tableau.bord(bord, TraitBord::Continu, EpaisseurBord::Fin);
     }
 
     static MiseEnPage page()
@@ -232,6 +249,8 @@ private:
 
 void Modele::rapport(Classeur &classeur)
 {
+    // The widths of columns are counted in digits of this font: one that is on Windows, and has its twin elsewhere.
+    classeur.policeParDefaut(QStringLiteral("Arial"), 10);
     Feuille feuille = classeur.feuille(1);
     feuille.renommer(FEUILLE.toString());
     Dessin(feuille).dessiner();

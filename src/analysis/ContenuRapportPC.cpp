@@ -86,7 +86,8 @@ QString ContenuRapportPC::sources(const QStringList &noms)
 QStringList ContenuRapportPC::libellesPeriode(const QString &unite, const Limites &limites)
 {
     const QString fin = unite + u')';
-    return {QStringLiteral("Moyenne (") + fin,
+    return {QStringLiteral("Nombre de mesure(s)"),
+            QStringLiteral("Moyenne (") + fin,
             QStringLiteral("Maximum observé sur la période (") + fin,
             QStringLiteral("Minimum observé sur la période (") + fin,
             depassementMoyen(limites, unite),

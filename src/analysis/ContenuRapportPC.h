@@ -15,7 +15,7 @@ QString titre(ModeAnnee mode);
 // "Source des données utilisées : " and the names; empty without a name.
 QString sources(const QStringList &noms);
 
-// Labels of the interannual figures but the count, whose label the template holds (9).
+// Labels of the interannual figures (10).
 QStringList libellesPeriode(const QString &unite, const Limites &limites);
 // Labels of a yearly block's figures (13).
 QStringList libellesAnnee(const QString &unite, const Limites &limites);

@@ -1,5 +1,9 @@
 // Where things stand on the sheet "Données" of the statistics report; shared by the routine that fills it and the
 // program that makes the template.
+//
+// The template holds all that does not depend on a request: labels of the heading, number formats ("@" for the station's
+// code, dates, two decimals), merged cells, heights, and a first block of five years with its fills and borders, which
+// the routine copies for further blocks and cuts down for the last one. Rows of exceedances have two lines.
 #pragma once
 
 #include <QStringView>
@@ -33,6 +37,8 @@ inline constexpr int LIGNE_INTITULES_PERIODE = 15;
 inline constexpr int LIGNE_PERIODE_EFFECTIF = 16;
 inline constexpr int FIGURES_PERIODE = 10;
 inline constexpr int LIGNE_PERIODE_FIN = LIGNE_PERIODE_EFFECTIF + FIGURES_PERIODE - 1;
+inline constexpr int LIGNE_PERIODE_DEPASSEMENTS = 20;
+inline constexpr int DEPASSEMENTS_PERIODE = 2;
 inline constexpr int COLONNE_SUR_LA_BASE = 2;
 inline constexpr int COLONNE_SUR_LES_RETENUES = 4;
 inline constexpr int LIGNE_NOTE_PERIODE = 26;
@@ -42,6 +48,7 @@ inline constexpr int LIGNE_TITRE_ANNEES = 27;
 inline constexpr int LIGNE_LEGENDE = 28;
 inline constexpr int LIGNE_PREMIER_BLOC = 29;
 inline constexpr int FIGURES_ANNEE = 13;
+inline constexpr int DEPASSEMENTS_ANNEE = 3;
 inline constexpr int LIGNES_BLOC = 1 + FIGURES_ANNEE;
 inline constexpr int PAS_DES_BLOCS = LIGNES_BLOC + 1;
 
@@ -68,6 +75,7 @@ inline constexpr int LIGNES_RESERVEES = 60;
 // Height of a row with a label of one line and what each further line adds, in hundredths of a millimetre.
 inline constexpr int HAUTEUR_LIGNE = 500;
 inline constexpr int HAUTEUR_LIGNE_DE_PLUS = 360;
+inline constexpr int HAUTEUR_DEUX_LIGNES = HAUTEUR_LIGNE + HAUTEUR_LIGNE_DE_PLUS;
 // The same for the bold texts of the heading.
 inline constexpr int HAUTEUR_IDENTITE = 560;
 // Characters that surely fit on one line: labels, heading, sources.

@@ -15,5 +15,7 @@ struct RapportPC {
     QStringList sources; // names of the producers
 };
 
-// Writes the whole report: values first, as few rectangles as there are areas, then the formats of each block.
+// Writes the whole report. What is looks stands in the template, its first block of years drawn in full; the rest is done in
+// few strokes, as each is a question and an answer between two programs: one rectangle of values for an area, copies of
+// the first block for the others.
 void ecrireRapportPC(Feuille &feuille, const DemandeRapport &demande, const RapportPC &rapport);

@@ -167,15 +167,26 @@ QStringList lireNomsGestionnaires(const DataEnvironment1 &donnees, const QString
 
 qint64 compterResultatsDeLaBase(const DataEnvironment1 &donnees)
 {
-    // The command joins every result with its sampling and its parameter, a third of a second for a million of them. An
-    // index alone tells the results of each parameter, and another one those, hardly ever any, whose sampling is gone.
-    const QString sql =
-        QStringLiteral("SELECT (SELECT count(*) FROM PARAMETRE CROSS JOIN MESURE_PHYSICO "
-                       "ON MESURE_PHYSICO.CodeParam = PARAMETRE.CodeParam WHERE CodeGroupeParam <> 'PS') "
-                       "- (SELECT count(*) FROM MESURE_PHYSICO CROSS JOIN PARAMETRE "
+    // The command joins every result with its sampling and its parameter, a third of a second for a million of them. The
+    // index on the parameters alone counts the results; those, hardly ever any, whose sampling is gone are then taken off.
+    const auto compter = [&donnees](const QString &sql) { return donnees.valeur(sql).toLongLong(); };
+    const qint64 resultats = compter(
+        QStringLiteral("SELECT count(*) FROM PARAMETRE CROSS JOIN MESURE_PHYSICO "
+                       "ON MESURE_PHYSICO.CodeParam = PARAMETRE.CodeParam WHERE CodeGroupeParam <> 'PS'"));
+    const QString orphelins =
+        QStringLiteral("SELECT count(*) FROM MESURE_PHYSICO CROSS JOIN PARAMETRE "
                        "ON PARAMETRE.CodeParam = MESURE_PHYSICO.CodeParam WHERE CodeGroupeParam <> 'PS' "
-                       "AND (NumPrel IS NULL OR NumPrel NOT IN (SELECT NumPrel FROM PRELEVEMENT)))");
-    return donnees.valeur(sql).toLongLong();
+                       "AND (NumPrel IS NULL OR ");
+    // Sampling numbers without a hole are known by their two ends.
+    const bool sansTrou = compter(QStringLiteral("SELECT (SELECT count(*) FROM PRELEVEMENT) = "
+                                                 "(SELECT max(NumPrel) FROM PRELEVEMENT) - "
+                                                 "(SELECT min(NumPrel) FROM PRELEVEMENT) + 1")) != 0;
+    if (sansTrou)
+        return resultats -
+               compter(orphelins + QStringLiteral("NumPrel < (SELECT min(NumPrel) FROM PRELEVEMENT) "
+                                                  "OR NumPrel > (SELECT max(NumPrel) FROM PRELEVEMENT))"));
+    return resultats -
+           compter(orphelins + QStringLiteral("NumPrel NOT IN (SELECT NumPrel FROM PRELEVEMENT))"));
 }
 
 LecteurMesuresPC::LecteurMesuresPC(const DataEnvironment1 &donnees, const DemandeRapport &demande,

@@ -223,6 +223,13 @@ private Q_SLOTS:
         base.sql("INSERT INTO MESURE_PHYSICO (CodeParam, ResultatAnaPC) VALUES ('1340', 1)");
         QCOMPARE(compterResultatsDeLaBase(base.donnees), 2);
         QCOMPARE(base.donnees.nombreLignes(QStringLiteral("Mesure_PC")), 2);
+        // A hole in the numbers of the samplings, with results that stayed behind in it.
+        const qint64 perdu = base.ajouterPrelevement(STATION, QDate(2008, 4, 1));
+        base.ajouterMesure(perdu, "1340", 1);
+        base.ajouterMesure(base.ajouterPrelevement(STATION, QDate(2008, 5, 1)), "1340", 1);
+        base.sql("DELETE FROM PRELEVEMENT WHERE NumPrel = ?", {perdu});
+        QCOMPARE(compterResultatsDeLaBase(base.donnees), 3);
+        QCOMPARE(base.donnees.nombreLignes(QStringLiteral("Mesure_PC")), 3);
     }
 };
 
