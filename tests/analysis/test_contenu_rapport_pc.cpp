@@ -52,7 +52,8 @@ private Q_SLOTS:
         limites.seuil = 0;
         const QStringList periode = ContenuRapportPC::libellesPeriode(UNITE, limites);
         QCOMPARE(periode,
-                 QStringList({"Nombre de mesure(s)", "Moyenne (mg(NO3)/L)", "Maximum observé sur la période (mg(NO3)/L)",
+                 QStringList({"Nombre de mesure(s)", "Moyenne (mg(NO3)/L)",
+                              "Maximum observé sur la période (mg(NO3)/L)",
                               "Minimum observé sur la période (mg(NO3)/L)",
                               "Fréquence de dépassement de l'objectif moyen du BV (25 mg(NO3)/L)",
                               "Fréquence de dépassement de l'objectif maximum du BV (0,75 mg(NO3)/L)",

@@ -1,16 +1,8 @@
 // The report from end to end: a study, the whole command with the real spreadsheet application, and the file read back
 // by tests/outils/verifier_rapport.py, which works every cell out again from the study with rules of its own.
-#include "analysis/M_Concentration_OVRA.h"
 #include "BaseDEssai.h"
-#include "DialogueDEssai.h"
-#include "platform/Chemins.h"
-#include "platform/Erreur.h"
-#include "workbook/CoursRapport.h"
+#include "EssaiRapport.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -19,24 +11,6 @@ namespace
 const QString STATION = QStringLiteral("04211940");
 const QString NITRATES = QStringLiteral("Nitrates");
 const QString CARBONE = QStringLiteral("Carbone Organique");
-
-QByteArray enJson(const DemandeRapport &d)
-{
-    return QJsonDocument(QJsonObject{{"station", d.codeStation},
-                                     {"code_usuel", d.afficherCodeUsuel},
-                                     {"parametre", d.parametre},
-                                     {"fraction", d.fraction},
-                                     {"debut", d.debut.toString(Qt::ISODate)},
-                                     {"fin", d.fin.toString(Qt::ISODate)},
-                                     {"annee", d.mode == ModeAnnee::Civile ? "civile" : "hydrologique"},
-                                     {"gestionnaires", QJsonArray::fromStringList(d.gestionnaires)},
-                                     {"reseaux", QJsonArray::fromStringList(d.reseaux)},
-                                     {"commentaires", QJsonArray::fromStringList(d.commentaires)},
-                                     {"protocole", d.protocole},
-                                     {"seuil", d.seuil ? QJsonValue(*d.seuil) : QJsonValue()},
-                                     {"debit", d.stationDebit}})
-        .toJson();
-}
 
 DemandeRapport demande(const QString &parametre, QDate debut, QDate fin, ModeAnnee mode = ModeAnnee::Civile)
 {
@@ -50,50 +24,16 @@ DemandeRapport demande(const QString &parametre, QDate debut, QDate fin, ModeAnn
 }
 } // namespace
 
-Q_DECLARE_METATYPE(DemandeRapport)
-
 class TestRapportPC : public QObject
 {
     Q_OBJECT
 
 private:
-    QTemporaryDir m_racine;
+    std::unique_ptr<EssaiRapport> m_essai;
     std::unique_ptr<BaseDEssai> m_base;
-    std::unique_ptr<Tableur> m_tableur;
-    DossiersRecents m_dossiers;
-    EtatRapport m_etat;
-    DialogueDEssai m_dialogue;
 
-    QString sortie() const { return m_racine.filePath(QStringLiteral("Projet/Export/essai.xls")); }
-
-    // The whole command; true when a finished document was shown.
-    bool editer(const DemandeRapport &d)
-    {
-        m_dialogue.messages.clear();
-        m_dialogue.documents.clear();
-        m_dialogue.fichiers.enqueue(sortie());
-        CoursRapport cours(m_dialogue, *m_tableur, m_dossiers, m_etat);
-        return cours.executer(M_Concentration_OVRA::commandeRapport(d, m_base->donnees, m_dialogue));
-    }
-
-    // What the independent reader says against the report; empty when it agrees.
-    QString verifier(const DemandeRapport &d) const
-    {
-        QFile requete(m_racine.filePath(QStringLiteral("demande.json")));
-        if (!requete.open(QIODevice::WriteOnly) || requete.write(enJson(d)) < 0)
-            return requete.errorString();
-        requete.close();
-        QProcess python;
-        python.setProcessChannelMode(QProcess::MergedChannels);
-        python.start(QStringLiteral("/usr/bin/python3"), // the Debian one, which has xlrd
-
-                     {QStringLiteral(DONNEES_TESTS "/../outils/verifier_rapport.py"), m_base->chemin,
-                      requete.fileName(), sortie()});
-        if (!python.waitForFinished(60000))
-            return python.errorString();
-        const QString dit = QString::fromUtf8(python.readAll());
-        return python.exitStatus() == QProcess::NormalExit && python.exitCode() == 0 ? QString() : dit;
-    }
+    bool editer(const DemandeRapport &d) { return m_essai->editer(d, m_base->donnees); }
+    QString verifier(const DemandeRapport &d) const { return m_essai->verifier(d, m_base->chemin); }
 
     // Twelve years of nitrates of two producers, with every kind of remark code, comments, networks, protocols and flows;
     // organic carbon in two fractions; another station and a pesticide that must stay out.
@@ -134,23 +74,15 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        qRegisterMetaType<DemandeRapport>();
-        Chemins::definirRacine(m_racine.path());
-        QVERIFY(QDir(m_racine.path()).mkpath(QStringLiteral("Projet/Modèles")));
-        QVERIFY(QDir(m_racine.path()).mkpath(QStringLiteral("Projet/Export")));
-        const QString modele = QStringLiteral("Projet/Modèles/rapport.xls");
-        QVERIFY2(QFile::copy(QStringLiteral(DOSSIER_CONSTRUCTION "/installation/") + modele,
-                             m_racine.filePath(modele)),
-                 "the build makes the template");
-        m_tableur = std::make_unique<Tableur>();
-        m_tableur->demarrerEnAvance();
+        m_essai = std::make_unique<EssaiRapport>();
+        QVERIFY2(QFile::exists(m_essai->modele()), "the build makes the template");
         m_base = std::make_unique<BaseDEssai>();
         remplir();
     }
 
     void cleanupTestCase()
     {
-        m_tableur.reset();
+        m_essai.reset();
         m_base.reset();
     }
 
@@ -216,10 +148,10 @@ private Q_SLOTS:
     {
         QFETCH(DemandeRapport, d);
         QVERIFY(editer(d));
-        QCOMPARE(m_dialogue.messages.size(), 1);
-        QCOMPARE(m_dialogue.messages[0].texte, QStringLiteral("L'édition du rapport est terminée. "));
-        QCOMPARE(m_dialogue.messages[0].titre, QStringLiteral("Fin de création"));
-        QCOMPARE(m_dialogue.documents, QStringList{sortie()});
+        QCOMPARE(m_essai->dialogue.messages.size(), 1);
+        QCOMPARE(m_essai->dialogue.messages[0].texte, QStringLiteral("L'édition du rapport est terminée. "));
+        QCOMPARE(m_essai->dialogue.messages[0].titre, QStringLiteral("Fin de création"));
+        QCOMPARE(m_essai->dialogue.documents, QStringList{m_essai->sortie()});
         const QString differences = verifier(d);
         QVERIFY2(differences.isEmpty(), qPrintable(differences));
     }
@@ -230,7 +162,7 @@ private Q_SLOTS:
         const DemandeRapport d = demande(NITRATES, QDate(2008, 1, 1), QDate(2010, 12, 31));
         QVERIFY(editer(d));
         {
-            const auto classeur = m_tableur->ouvrir(sortie());
+            const auto classeur = m_essai->tableur.ouvrir(m_essai->sortie());
             classeur->feuille(QStringLiteral("Données")).plage(QStringLiteral("C31")).ecrire(QVariant(0.015));
             classeur->enregistrer();
         }
@@ -241,8 +173,8 @@ private Q_SLOTS:
     {
         const DemandeRapport d = demande(CARBONE, QDate(2008, 1, 1), QDate(2009, 12, 31));
         QVERIFY(editer(d));
-        QCOMPARE(m_dialogue.messages.size(), 2);
-        QCOMPARE(m_dialogue.messages[0],
+        QCOMPARE(m_essai->dialogue.messages.size(), 2);
+        QCOMPARE(m_essai->dialogue.messages[0],
                  (BoiteDEssai{"Vous n'avez pas sélectionné de fraction pour le paramètre Carbone Organique.",
                               "Attention !", Icone::Exclamation}));
         const QString differences = verifier(d);
@@ -253,14 +185,15 @@ private Q_SLOTS:
     void aucuneMesure()
     {
         QVERIFY(!editer(demande(NITRATES, QDate(1990, 1, 1), QDate(1991, 12, 31))));
-        QCOMPARE(m_dialogue.messages.size(), 2);
-        QCOMPARE(m_dialogue.messages[0].texte,
+        QCOMPARE(m_essai->dialogue.messages.size(), 2);
+        QCOMPARE(m_essai->dialogue.messages[0].texte,
                  QStringLiteral("Il n'y a aucune mesure physico-chimiques pour l'édition du rapport"));
-        QCOMPARE(m_dialogue.messages[0].titre, QStringLiteral("Attention"));
-        QCOMPARE(m_dialogue.messages[1].texte, QStringLiteral("Il n'y a aucune donnée dans le rapport. "));
-        QCOMPARE(m_dialogue.messages[1].titre, QStringLiteral("Attention"));
-        QVERIFY(!QFile::exists(sortie()));
-        QVERIFY(m_dialogue.documents.isEmpty());
+        QCOMPARE(m_essai->dialogue.messages[0].titre, QStringLiteral("Attention"));
+        QCOMPARE(m_essai->dialogue.messages[1].texte,
+                 QStringLiteral("Il n'y a aucune donnée dans le rapport. "));
+        QCOMPARE(m_essai->dialogue.messages[1].titre, QStringLiteral("Attention"));
+        QVERIFY(!QFile::exists(m_essai->sortie()));
+        QVERIFY(m_essai->dialogue.documents.isEmpty());
     }
 
     // Measures, but none accepted: the second message alone.
@@ -269,19 +202,19 @@ private Q_SLOTS:
         DemandeRapport d = demande(NITRATES, QDate(2008, 1, 1), QDate(2009, 12, 31));
         d.gestionnaires = QStringList{"19"};
         QVERIFY(!editer(d));
-        QCOMPARE(m_dialogue.messages.size(), 1);
-        QCOMPARE(m_dialogue.messages[0].texte, QStringLiteral("Il n'y a aucune donnée dans le rapport. "));
-        QVERIFY(!QFile::exists(sortie()));
+        QCOMPARE(m_essai->dialogue.messages.size(), 1);
+        QCOMPARE(m_essai->dialogue.messages[0].texte,
+                 QStringLiteral("Il n'y a aucune donnée dans le rapport. "));
+        QVERIFY(!QFile::exists(m_essai->sortie()));
     }
 
     // Without accepted records the interannual rows are dashes all the same, for whoever keeps the workbook.
     void tiretsSansMesure()
     {
-        const auto classeur =
-            m_tableur->ouvrir(m_racine.filePath(QStringLiteral("Projet/Modèles/rapport.xls")));
+        const auto classeur = m_essai->tableur.ouvrir(m_essai->modele());
         QCOMPARE(
             M_Concentration_OVRA::EditerRapport(demande(NITRATES, QDate(1990, 1, 1), QDate(1990, 12, 31)),
-                                                m_base->donnees, m_dialogue, *classeur),
+                                                m_base->donnees, m_essai->dialogue, *classeur),
             0);
         for (const char *adresse : {"B16:B25", "D16:D25", "B30:B42"}) {
             const Valeurs valeurs =
@@ -314,7 +247,7 @@ private Q_SLOTS:
         DemandeRapport d = demande(NITRATES, QDate(2008, 1, 1), QDate(2008, 12, 31));
         d.afficherCodeUsuel = true;
         QVERIFY(editer(d));
-        const auto classeur = m_tableur->ouvrir(sortie(), true);
+        const auto classeur = m_essai->tableur.ouvrir(m_essai->sortie(), true);
         const Valeurs valeurs =
             classeur->feuille(QStringLiteral("Données")).plage(QStringLiteral("C5:C6")).valeurs();
         QCOMPARE(valeurs[0][0], QVariant(STATION));
@@ -323,9 +256,9 @@ private Q_SLOTS:
 
     void progression()
     {
-        m_dialogue.progression(FenetreProgression::Principale).textes.clear();
+        m_essai->dialogue.progression(FenetreProgression::Principale).textes.clear();
         QVERIFY(editer(demande(NITRATES, QDate(2008, 1, 1), QDate(2009, 12, 31))));
-        const ProgressionDEssai &barre = m_dialogue.progression(FenetreProgression::Principale);
+        const ProgressionDEssai &barre = m_essai->dialogue.progression(FenetreProgression::Principale);
         QVERIFY(!barre.visible);
         QCOMPARE(barre.dernierMaximum, 7);
         QCOMPARE(barre.derniereValeur, 7);
@@ -341,12 +274,12 @@ private Q_SLOTS:
         m_base->sql("ALTER TABLE OBJECTIF RENAME TO OBJECTIF_PERDU");
         QVERIFY(!editer(demande(NITRATES, QDate(2008, 1, 1), QDate(2009, 12, 31))));
         m_base->sql("ALTER TABLE OBJECTIF_PERDU RENAME TO OBJECTIF");
-        QCOMPARE(m_dialogue.messages.size(), 1);
-        QVERIFY(m_dialogue.messages[0].texte.startsWith(
+        QCOMPARE(m_essai->dialogue.messages.size(), 1);
+        QVERIFY(m_essai->dialogue.messages[0].texte.startsWith(
             QStringLiteral("Une erreur s'est produite en cours de traitement : \n")));
-        QCOMPARE(m_dialogue.messages[0].titre, QStringLiteral("Erreur"));
-        QVERIFY(!m_dialogue.progression(FenetreProgression::Principale).visible);
-        QVERIFY(!QFile::exists(sortie()));
+        QCOMPARE(m_essai->dialogue.messages[0].titre, QStringLiteral("Erreur"));
+        QVERIFY(!m_essai->dialogue.progression(FenetreProgression::Principale).visible);
+        QVERIFY(!QFile::exists(m_essai->sortie()));
     }
 };
 
