@@ -100,3 +100,8 @@ bool Cible::devant(QWidget *form)
     form->window()->activateWindow();
     return false;
 }
+
+void Cible::forcerDevant(QWidget *form)
+{
+    QApplication::setActiveWindow(form->window());
+}

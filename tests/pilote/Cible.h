@@ -28,6 +28,8 @@ QWidget *controleUtilisable(const QString &form, const QString &nom);
 QWidget *obstacle(const QWidget *form);
 // Asks for the form to be in front; true once it is.
 bool devant(QWidget *form);
+// Makes it the active window for Qt, where the display has no window manager to grant that.
+void forcerDevant(QWidget *form);
 
 // The widget itself, or the one such child that it was made around (a shared widget around a combo, say).
 template <typename T> T *dedans(QWidget *widget)

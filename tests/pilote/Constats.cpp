@@ -87,7 +87,7 @@ QString Constats::cellule(QWidget *controle, int ligne, int colonne)
     const QModelIndex index = Grille::index(grille, ligne, colonne);
     bool connu = false;
     if (QWidget *pose = grille->indexWidget(index)) {
-        const QString lu = texteDirect(pose, connu);
+        QString lu = texteDirect(pose, connu);
         if (connu)
             return lu;
     }

@@ -145,12 +145,9 @@ void Gestes::taper(QWidget *controle, const QString &texte)
     remplacer(champ(controle), texte);
 }
 
-void Gestes::saisir(QWidget *controle, const QString &texte)
+void Gestes::quitter(QWidget *controle)
 {
     const QPointer<QWidget> zone = champ(controle);
-    remplacer(zone, texte);
-    if (!zone)
-        return;
     // In a text of several lines, Tab may be a character like another.
     if (qobject_cast<QTextEdit *>(zone) || qobject_cast<QPlainTextEdit *>(zone))
         zone->clearFocus();

@@ -9,8 +9,9 @@ class QWidget;
 
 namespace Gestes
 {
-void saisir(QWidget *controle, const QString &texte);
 void taper(QWidget *controle, const QString &texte);
+// Leaves the field in which text was typed, by Tab.
+void quitter(QWidget *controle);
 // `touche` as Qt writes it ("Esc", "Enter", "Alt+V"); "Enter" is the main Enter key.
 void touche(QWidget *controle, const QString &touche);
 // Whether Qt still has to finish a gesture: a button goes up, and clicks, a moment after the key that pressed it; a cell's

@@ -15,8 +15,8 @@
 namespace
 {
 constexpr int CADENCE_MS = 10;
-// How long a window may take to come to the front before a gesture goes on without it.
-constexpr int ACTIVATION_MS = 1000;
+// How long a window may take to come to the front by itself.
+constexpr int ACTIVATION_MS = 500;
 // How long a routine that is running may take to come back once the play is over.
 constexpr int FIN_MS = 60000;
 } // namespace
@@ -91,6 +91,7 @@ void Joueur::jouer()
 void Joueur::suivant()
 {
     ++m_rang;
+    m_tape = false;
     m_depuis.start();
 }
 
@@ -177,7 +178,12 @@ bool Joueur::degagee(QWidget *form)
         throw Echec(
             QStringLiteral("la fenêtre %1 bloque %2").arg(obstacle->objectName(), form->objectName()));
     }
-    return Cible::devant(form) || tropTard(ACTIVATION_MS);
+    if (Cible::devant(form))
+        return true;
+    if (!tropTard(ACTIVATION_MS))
+        return false;
+    Cible::forcerDevant(form);
+    return true;
 }
 
 QWidget *Joueur::prete(const Pas &pas)

@@ -134,6 +134,7 @@ private:
     bool m_programmeFini = false;
     bool m_splashMontre = false; // a step names the splash: it is left to itself
     bool m_enSuspens = false;    // the last gesture may not be over (Gestes::enSuspens)
+    bool m_tape = false;         // the text of `saisir` is typed, the field still to be left
     bool m_conclu = false;
     int m_code = 0;
 };

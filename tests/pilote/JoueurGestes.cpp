@@ -45,7 +45,15 @@ Joueur::Etat Joueur::attendre(const Pas &pas)
 
 Joueur::Etat Joueur::saisir(const Pas &pas)
 {
-    return geste(pas, [&](QWidget *controle) { Gestes::saisir(controle, pas.texte(2)); });
+    // The field is left once what the typing has set going, a list of proposals say, is over.
+    if (m_tape)
+        return geste(pas, Gestes::quitter);
+    if (QWidget *controle = prete(pas)) {
+        m_tape = true;
+        m_depuis.start();
+        Gestes::taper(controle, pas.texte(2));
+    }
+    return Etat::Attend;
 }
 
 Joueur::Etat Joueur::taper(const Pas &pas)
