@@ -225,8 +225,8 @@ void Classeur::policeParDefaut(const QString &nom, double points)
         const Reference<css::container::XNameAccess> cellules(
             styles->getStyleFamilies()->getByName("CellStyles"), UNO_QUERY_THROW);
         const Reference<css::beans::XPropertySet> style(cellules->getByName("Default"), UNO_QUERY_THROW);
-        style->setPropertyValue("CharFontName", Any(versUno(nom)));
-        style->setPropertyValue("CharHeight", Any(static_cast<float>(points)));
+        style->setPropertyValue("CharFontName", css::uno::Any(versUno(nom)));
+        style->setPropertyValue("CharHeight", css::uno::Any(static_cast<float>(points)));
     });
 }
 
