@@ -18,6 +18,7 @@
 #include <com/sun/star/util/XNumberFormatTypes.hpp>
 #include <QFileInfo>
 
+using css::uno::Any;
 using css::uno::Reference;
 using css::uno::UNO_QUERY_THROW;
 
