@@ -18,7 +18,6 @@
 #include <com/sun/star/util/XNumberFormatTypes.hpp>
 #include <QFileInfo>
 
-using css::uno::Any;
 using css::uno::Reference;
 using css::uno::UNO_QUERY_THROW;
 
