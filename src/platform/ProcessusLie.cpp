@@ -68,6 +68,9 @@ ProcessusLie::ProcessusLie(const QString &programme, const QStringList &argument
     m_processus.setStandardInputFile(QProcess::nullDevice());
     m_processus.setStandardOutputFile(QProcess::nullDevice());
     m_processus.setStandardErrorFile(QProcess::nullDevice());
+    // A child that lasts must not hold the folder that the program was started from.
+    m_processus.setWorkingDirectory(QDir::rootPath());
+    m_veilleur.setWorkingDirectory(QDir::rootPath());
 #ifndef Q_OS_WIN
     const pid_t parent = getpid();
     m_processus.setChildProcessModifier([parent] { lier(parent); });

@@ -80,22 +80,26 @@ public:
     // The same rectangle's part, rows counted from 0 inside it.
     css::uno::Reference<css::table::XCellRange> tranche(int premiereLigne, int derniereLigne) const
     {
+        if (premiereLigne == 0 && derniereLigne == adresse.EndRow - adresse.StartRow)
+            return plage;
         return plage->getCellRangeByPosition(0, premiereLigne, adresse.EndColumn - adresse.StartColumn,
                                              derniereLigne);
     }
+    // Asked for once: each question to the application is a message and its answer.
+    const css::uno::Reference<css::beans::XPropertySet> &proprietes() const
+    {
+        if (!m_proprietes.is())
+            m_proprietes.set(plage, css::uno::UNO_QUERY_THROW);
+        return m_proprietes;
+    }
     void definir(const char *propriete, const css::uno::Any &valeur) const
     {
-        appeler([&] {
-            css::uno::Reference<css::beans::XPropertySet>(plage, css::uno::UNO_QUERY_THROW)
-                ->setPropertyValue(rtl::OUString::createFromAscii(propriete), valeur);
-        });
+        appeler([&] { proprietes()->setPropertyValue(rtl::OUString::createFromAscii(propriete), valeur); });
     }
     css::uno::Any lire(const char *propriete) const
     {
-        return appeler([&] {
-            return css::uno::Reference<css::beans::XPropertySet>(plage, css::uno::UNO_QUERY_THROW)
-                ->getPropertyValue(rtl::OUString::createFromAscii(propriete));
-        });
+        return appeler(
+            [&] { return proprietes()->getPropertyValue(rtl::OUString::createFromAscii(propriete)); });
     }
     template <class F> std::invoke_result_t<F> appeler(F &&appels) const
     {
@@ -105,4 +109,7 @@ public:
     std::shared_ptr<Feuille::Donnees> feuille;
     css::uno::Reference<css::table::XCellRange> plage;
     css::table::CellRangeAddress adresse; // from 0
+
+private:
+    mutable css::uno::Reference<css::beans::XPropertySet> m_proprietes;
 };

@@ -11,6 +11,7 @@
 #include <com/sun/star/sheet/XSheetCellRanges.hpp>
 #include <com/sun/star/sheet/XSpreadsheets.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
+#include <QRegularExpression>
 
 using css::uno::Any;
 using css::uno::Reference;
@@ -20,12 +21,18 @@ namespace
 {
 enum Numero { HorsFeuille = 40 };
 
-Plage plageDe(const std::shared_ptr<Feuille::Donnees> &donnees,
-              const Reference<css::table::XCellRange> &cellules)
+// Row and column, from 1, of a cell's address ("B12"); nothing for another text.
+std::optional<std::pair<int, int>> celluleNommee(const QString &adresse)
 {
-    const css::table::CellRangeAddress lieu =
-        Reference<css::sheet::XCellRangeAddressable>(cellules, UNO_QUERY_THROW)->getRangeAddress();
-    return Plage(std::make_shared<Plage::Donnees>(donnees, cellules, lieu));
+    static const QRegularExpression forme(QStringLiteral("^\\$?([A-Z]{1,3})\\$?([0-9]{1,7})$"),
+                                          QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch lue = forme.match(adresse);
+    if (!lue.hasMatch())
+        return std::nullopt;
+    int colonne = 0;
+    for (const QChar lettre : lue.captured(1).toUpper())
+        colonne = colonne * 26 + lettre.unicode() - 'A' + 1;
+    return std::pair(lue.captured(2).toInt(), colonne);
 }
 
 Reference<css::table::XTableRows> lignesDe(const Feuille::Donnees &donnees)
@@ -95,14 +102,16 @@ Plage Feuille::cellule(int ligne, int colonne) const
 Plage Feuille::plage(int ligne1, int colonne1, int ligne2, int colonne2) const
 {
     return m_donnees->appeler([&] {
+        css::table::CellRangeAddress lieu;
+        lieu.Sheet = m_donnees->rang();
+        lieu.StartRow = qMin(ligne1, ligne2) - 1;
+        lieu.EndRow = qMax(ligne1, ligne2) - 1;
+        lieu.StartColumn = qMin(colonne1, colonne2) - 1;
+        lieu.EndColumn = qMax(colonne1, colonne2) - 1;
         try {
-            const css::table::CellRangeAddress lieu(m_donnees->rang(), colonne1 - 1, ligne1 - 1, colonne2 - 1,
-                                                    ligne2 - 1);
-            return Plage(std::make_shared<Plage::Donnees>(
-                m_donnees,
-                m_donnees->objet()->getCellRangeByPosition(lieu.StartColumn, lieu.StartRow, lieu.EndColumn,
-                                                           lieu.EndRow),
-                lieu));
+            const auto cellules = m_donnees->objet()->getCellRangeByPosition(lieu.StartColumn, lieu.StartRow,
+                                                                             lieu.EndColumn, lieu.EndRow);
+            return Plage(std::make_shared<Plage::Donnees>(m_donnees, cellules, lieu));
         } catch (const css::lang::IndexOutOfBoundsException &) {
             throw Erreur(HorsFeuille, QStringLiteral("Les cellules L%1C%2 à L%3C%4 sont hors de la feuille.")
                                           .arg(ligne1)
@@ -115,16 +124,11 @@ Plage Feuille::plage(int ligne1, int colonne1, int ligne2, int colonne2) const
 
 Plage Feuille::plage(const QString &adresse) const
 {
-    return m_donnees->appeler([&] {
-        try {
-            return plageDe(m_donnees, m_donnees->objet()->getCellRangeByName(versUno(adresse)));
-        } catch (const css::lang::DisposedException &) {
-            throw; // the connection is lost, the address may be good
-        } catch (const css::uno::RuntimeException &) {
-            throw Erreur(HorsFeuille,
-                         QStringLiteral("« %1 » n'est pas une adresse de cellules.").arg(adresse));
-        }
-    });
+    const auto debut = celluleNommee(adresse.section(QLatin1Char(':'), 0, 0));
+    const auto fin = celluleNommee(adresse.section(QLatin1Char(':'), -1));
+    if (!debut || !fin || adresse.count(QLatin1Char(':')) > 1)
+        throw Erreur(HorsFeuille, QStringLiteral("« %1 » n'est pas une adresse de cellules.").arg(adresse));
+    return plage(debut->first, debut->second, fin->first, fin->second);
 }
 
 void Feuille::insererLignes(int ligne, int nombre)

@@ -34,12 +34,13 @@ GrilleFormats::GrilleFormats(const Plage::Donnees &plage)
     : m_colonnes(plage.adresse.EndColumn - plage.adresse.StartColumn + 1)
 {
     Classeur::Donnees &classeur = *plage.feuille->classeur;
-    if (Reference<css::beans::XPropertyState>(plage.plage, UNO_QUERY_THROW)
-            ->getPropertyState("NumberFormat") != css::beans::PropertyState_AMBIGUOUS_VALUE) {
-        m_unique = natureDe(classeur, formatDe(plage.plage));
+    const int lignes = plage.adresse.EndRow - plage.adresse.StartRow + 1;
+    const bool seule = lignes == 1 && m_colonnes == 1;
+    if (seule || Reference<css::beans::XPropertyState>(plage.plage, UNO_QUERY_THROW)
+                         ->getPropertyState("NumberFormat") != css::beans::PropertyState_AMBIGUOUS_VALUE) {
+        m_unique = natureDe(classeur, plage.proprietes()->getPropertyValue("NumberFormat"));
         return;
     }
-    const int lignes = plage.adresse.EndRow - plage.adresse.StartRow + 1;
     m_natures.fill(NatureFormat::Autre, static_cast<qsizetype>(lignes) * m_colonnes);
     const Reference<css::container::XIndexAccess> groupes =
         Reference<css::sheet::XUniqueCellFormatRangesSupplier>(plage.plage, UNO_QUERY_THROW)

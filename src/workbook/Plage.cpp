@@ -32,8 +32,7 @@ int lignesParMessage(int colonnes)
 
 Reference<css::sheet::XCellRangeData> cellulesDe(const Plage::Donnees &donnees, int premiere, int derniere)
 {
-    const bool toutes = premiere == 0 && derniere == donnees.adresse.EndRow - donnees.adresse.StartRow;
-    return {toutes ? donnees.plage : donnees.tranche(premiere, derniere), UNO_QUERY_THROW};
+    return {donnees.tranche(premiere, derniere), UNO_QUERY_THROW};
 }
 
 // Sign of an error by the spreadsheet's number for it.
@@ -181,7 +180,7 @@ Valeurs Plage::valeurs() const
 
 QVariant Plage::valeur() const
 {
-    return cellule(1, 1).valeurs().first().first();
+    return (lignes() == 1 && colonnes() == 1 ? *this : cellule(1, 1)).valeurs().first().first();
 }
 
 Plage Plage::cellule(int ligne, int colonne) const

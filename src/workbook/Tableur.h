@@ -21,7 +21,7 @@ public:
 struct DelaisTableur {
     int demarrage = 60'000;
     int fichier = 120'000; // opening, saving, exporting
-    int appel = 30'000;    // any other call
+    int appel = 20'000;    // any other call
     int essai = 5'000;     // the question "are you there?" put to an instance kept from an earlier report
 };
 
