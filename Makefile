@@ -33,7 +33,7 @@ check-format:
 	@clang-format --dry-run -Werror $(SOURCES)
 
 tidy: build
-	@git ls-files 'src/*.cpp' | xargs -P2 -n4 clang-tidy -p build --quiet
+	@outils/analyser.sh
 
 clean:
 	rm -rf build build-asan
