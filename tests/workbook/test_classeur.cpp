@@ -29,6 +29,8 @@ private Q_SLOTS:
     void lignesInserees();
     void cellulesDeplacees();
     void contenuVide();
+    void blocCopieEtEfface();
+    void repriseSousUnNom();
     void etendue();
     void classeurFerme();
     void modeleIntact();
@@ -341,6 +343,46 @@ void TestClasseur::contenuVide()
     plage.viderContenu();
     QCOMPARE(plage.valeurs(), (Valeurs{{QVariant(), QVariant()}}));
     QCOMPARE(plage.couleurFond(), 0xFFFF00);
+}
+
+void TestClasseur::blocCopieEtEfface()
+{
+    auto classeur = m_tableur.ajouter();
+    Feuille feuille = classeur->feuille(1);
+    Plage bloc = feuille.plage(QStringLiteral("A1:B2"));
+    bloc.ecrire(Valeurs{{1.0, QStringLiteral("x")}, {QDate(2009, 1, 1), {}}});
+    bloc.fond(33);
+    const Valeurs attendues = bloc.valeurs();
+    feuille.copier(bloc, 10, 3);
+    const Plage copie = feuille.plage(QStringLiteral("C10:D11"));
+    QCOMPARE(copie.valeurs(), attendues);
+    QCOMPARE(copie.couleurFond(), 0x00CCFF);
+    bloc.effacer();
+    QCOMPARE(bloc.couleurFond(), -1);
+    QVERIFY(!bloc.valeur().isValid());
+    QCOMPARE(copie.valeurs(), attendues);
+}
+
+void TestClasseur::repriseSousUnNom()
+{
+    const QString modele = chemin("souche.xls");
+    const QString rempli = chemin("repris.xls");
+    {
+        auto classeur = m_tableur.ajouter();
+        classeur->feuille(1).cellule(1, 1).ecrire(QStringLiteral("souche"));
+        classeur->enregistrerSous(modele);
+    }
+    auto classeur = m_tableur.ouvrir(modele);
+    classeur->reprendreSous(rempli);
+    QCOMPARE(classeur->chemin(), rempli);
+    QCOMPARE(m_tableur.ouvrir(rempli)->feuille(1).cellule(1, 1).valeur().toString(),
+             QStringLiteral("souche"));
+    classeur->feuille(1).cellule(1, 1).ecrire(QStringLiteral("rempli"));
+    classeur->enregistrer();
+    QCOMPARE(m_tableur.ouvrir(rempli)->feuille(1).cellule(1, 1).valeur().toString(),
+             QStringLiteral("rempli"));
+    QCOMPARE(m_tableur.ouvrir(modele)->feuille(1).cellule(1, 1).valeur().toString(),
+             QStringLiteral("souche"));
 }
 
 void TestClasseur::etendue()
