@@ -99,7 +99,6 @@ private:
         }
         Plage valeurs = plage(LIGNE_BASSIN, COLONNE_IDENTITE, LIGNE_PARAMETRE, DERNIERE_COLONNE);
         valeurs.gras(true);
-        valeurs.taillePolice(10);
         valeurs.renvoiALaLigne(true);
         valeurs.alignementHorizontal(Alignement::Gauche);
         // A station's code keeps its leading zeros.
@@ -162,6 +161,9 @@ private:
             .renvoiALaLigne(true);
         plage(LIGNE_INTITULES_PERIODE, COLONNE_SUR_LA_BASE, LIGNE_PERIODE_FIN, DERNIERE_COLONNE)
             .alignementHorizontal(Alignement::Centre);
+        // The column to read for the station itself.
+        plage(LIGNE_PERIODE_EFFECTIF, COLONNE_SUR_LES_RETENUES, LIGNE_PERIODE_FIN, DERNIERE_COLONNE)
+            .gras(true);
         // Rounded to two decimals they are shown with two, the extremes as they are.
         for (const auto &[premiere, derniere] : {std::pair(17, 17), std::pair(22, 25)})
             plage(premiere, COLONNE_SUR_LA_BASE, derniere, DERNIERE_COLONNE).formatNombre(DEUX_DECIMALES);

@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """Reads a .xls with xlrd, a reader that shares no code with the program, and prints it as JSON for the tests.
 
-{"feuilles": {NAME: {"cellules": {"A1": CELL}, "fusions": ["B2:C3"], "hauteurs": {"1": POINTS}}},
+{"feuilles": {NAME: {"cellules": {"A1": CELL}, "fusions": ["B2:C3"], "sauts": [ROW],
+                    "hauteurs": {"1": POINTS}}},
  "noms": {NAME: "Feuille!A1:B2"}}
 CELL: "type" (vide, texte, nombre, date, booleen, erreur), "valeur" (a date as ISO text), "format", "fond" ("#RRGGBB" or
 null), "index_fond" (the ColorIndex, 1 to 56, or null), "police" {gras, italique, taille, nom, couleur}, "alignement"
@@ -72,6 +73,7 @@ def main():
         resultat["feuilles"][feuille.name] = {
             "cellules": cellules,
             "fusions": [adresse(r1, c1) + ":" + adresse(r2 - 1, c2 - 1) for r1, r2, c1, c2 in feuille.merged_cells],
+            "sauts": [saut[0] + 1 for saut in feuille.horizontal_page_breaks],
             "hauteurs": {str(n + 1): infos.height / 20 for n, infos in feuille.rowinfo_map.items()},
         }
     for nom in classeur.name_obj_list:

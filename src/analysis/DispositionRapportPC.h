@@ -80,7 +80,7 @@ inline constexpr int HAUTEUR_DEUX_LIGNES = HAUTEUR_LIGNE + HAUTEUR_LIGNE_DE_PLUS
 inline constexpr int HAUTEUR_IDENTITE = 560;
 // Characters that surely fit on one line: labels, heading, sources.
 inline constexpr int CARACTERES_LIBELLE = 45;
-inline constexpr int CARACTERES_IDENTITE = 46;
+inline constexpr int CARACTERES_IDENTITE = 45;
 inline constexpr int CARACTERES_SOURCES = 110;
 
 // The first page holds the heading and one block, each further one this many blocks.

@@ -137,7 +137,7 @@ void ecrireAnnees(Feuille &feuille, const RapportPC &rapport)
         const int ligne = ligneDuBloc(bloc);
         ajusterHauteurs(feuille, ligne + 1, libelles, ligne + RANG_DEPASSEMENT_MOYEN, DEPASSEMENTS_ANNEE);
         colorerClasses(feuille, ligne + RANG_CLASSE,
-                       rapport.resultat.annees.mid(bloc * ANNEES_PAR_BLOC, ANNEES_PAR_BLOC));
+                       rapport.resultat.annees.mid(qsizetype(bloc) * ANNEES_PAR_BLOC, ANNEES_PAR_BLOC));
     }
 }
 } // namespace
