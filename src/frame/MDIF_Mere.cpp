@@ -102,6 +102,8 @@ void MDIF_Mere::lier(const QString &menu, const std::function<void()> &action)
 
 void MDIF_Mere::activerMenu(bool baseOuverte)
 {
+    m_etude->setText(baseOuverte ? m_session.TitreBase : QString());
+    m_etude->setToolTip(baseOuverte ? m_session.FichierBase : QString());
     for (const EntreeMenu &entree : menuPrincipal()) {
         const QString nom = entree.nom.toString();
         QAction *action = m_actions.value(nom);

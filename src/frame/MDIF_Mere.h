@@ -26,7 +26,7 @@ public:
     void reduire() override;
     void terminer() override;
 
-    // Before a base is open no entry can be used but help and quit.
+    // Before a base is open no entry can be used but help and quit; once it is, the status bar names its file.
     void activerMenu(bool baseOuverte);
     // The caption and what stands on the empty client area, once the study's basin is known.
     void nommerBassin(const QString &bassin);

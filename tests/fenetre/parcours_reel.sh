@@ -76,19 +76,27 @@ export HOME="$travail/maison"
 mkdir -p "$HOME"
 cp -r "$installation/Projet" "$HOME/Projet"
 
-"$ovralis" &
-programme=$!
-
-presentation=$(attendre 20 fenetre '^Ovralis$') || echouer "no start window"
-debut=$(date +%s%N)
-sleep 0.3
-capturer 1_presentation
-taper "$presentation" space
-
-choix=$(attendre 10 fenetre '^Choisissez la base de données par défaut$') || echouer "no choice of the base"
-delai=$(( ($(date +%s%N) - debut) / 1000000 ))
-# The start window stays two seconds by itself: a key closed it.
-[ $delai -lt 1900 ] || echouer "the key did not close the start window ($delai ms)"
+# The start window stays two seconds by itself, so the choice of the base must be there sooner than that after the key.
+# On a machine that is busy with other tests the answer may be late: cancelling then ends the program, and it is tried
+# again.
+for essai in 1 2 3 4; do
+    [ $essai -lt 4 ] || echouer "the key did not close the start window ($delai ms)"
+    "$ovralis" &
+    programme=$!
+    presentation=$(attendre 20 fenetre '^Ovralis$') || echouer "no start window"
+    debut=$(date +%s%N)
+    if [ $essai -eq 1 ]; then
+        sleep 0.3
+        capturer 1_presentation
+    fi
+    taper "$presentation" space
+    choix=$(attendre 10 fenetre '^Choisissez la base de données par défaut$') || echouer "no choice of the base"
+    delai=$((($(date +%s%N) - debut) / 1000000))
+    [ $delai -ge 1900 ] || break
+    taper "$choix" Escape
+    attendre 20 partie >/dev/null || echouer "cancelling did not end the program"
+    wait "$programme" || echouer "cancelling ended the program with a code"
+done
 fenetre '^En attente' >/dev/null || echouer "no waiting main window behind the choice"
 sleep 0.3
 capturer 2_choix_de_la_base

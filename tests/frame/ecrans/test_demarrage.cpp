@@ -5,6 +5,7 @@
 #include "frame/MDIF_Mere.h"
 #include "frame/Session.h"
 
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -120,6 +121,8 @@ private Q_SLOTS:
                  QStringList({QStringLiteral("Travail"), QStringLiteral("Validation_Fraction")}));
         QCOMPARE(demarrage.fenetre()->windowTitle(),
                  QStringLiteral("Ovralis - Outil Local / Bassin versant de la Landrezelle"));
+        QCOMPARE(demarrage.fenetre()->findChild<QLabel *>(QStringLiteral("lbl_etude"))->text(),
+                 session.TitreBase);
         auto *timer = demarrage.fenetre()->findChild<QTimer *>(QStringLiteral("Timer1"));
         QVERIFY(timer && timer->isActive());
         QCOMPARE(timer->interval(), 50);
