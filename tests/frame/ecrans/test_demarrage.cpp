@@ -120,7 +120,7 @@ private Q_SLOTS:
         QCOMPARE(projet.entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
                  QStringList({QStringLiteral("Travail"), QStringLiteral("Validation_Fraction")}));
         QCOMPARE(demarrage.fenetre()->windowTitle(),
-                 QStringLiteral("Ovralis - Outil Local / Bassin versant de la Landrezelle"));
+                 QStringLiteral("Ovralis - Outil Local / La Landrezelle"));
         QCOMPARE(demarrage.fenetre()->findChild<QLabel *>(QStringLiteral("lbl_etude"))->text(),
                  session.TitreBase);
         auto *timer = demarrage.fenetre()->findChild<QTimer *>(QStringLiteral("Timer1"));
