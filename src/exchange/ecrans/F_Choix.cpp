@@ -3,6 +3,7 @@
 #include "exchange/ecrans/ActionsChoix.h"
 #include "frame/Session.h"
 #include "ui_F_Choix.h"
+#include "widgets/LectureSeule.h"
 
 F_Choix::F_Choix(Session &session, Cadre &cadre, const QString &libelleAction, const QString &element,
                  OuvrirFiche fiche)
@@ -14,6 +15,7 @@ F_Choix::F_Choix(Session &session, Cadre &cadre, const QString &libelleAction, c
     m_ui->lbl_action->setText(libelleAction);
     m_ui->txt_element->setText(element);
     m_ui->txt_element->setCursorPosition(0);
+    LectureSeule::appliquer(m_ui->txt_element);
     permettreAjout(true);
 
     connect(m_ui->cmd_ajouter, &QPushButton::clicked, this, &F_Choix::cmd_ajouter_Click);

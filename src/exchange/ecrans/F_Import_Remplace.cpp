@@ -10,7 +10,7 @@ F_Import_Remplace::F_Import_Remplace(Session &session, Cadre &cadre)
     // No main button: a stray Enter must not replace data.
     preparer(nullptr, m_ui->cmd_annuler);
     m_ui->lbl_ligne->setText(emplacement());
-    m_ui->cmd_annuler->setFocus();
+    commencerPar(m_ui->cmd_annuler);
     connect(m_ui->cmd_remplacer, &QPushButton::clicked, this, &F_Import_Remplace::cmd_remplacer_Click);
 }
 

@@ -26,6 +26,7 @@ F_Import_physico::F_Import_physico(Session &session, Cadre &cadre)
 {
     m_ui->setupUi(this);
     preparer(m_ui->cmd_import, m_ui->cmd_fermer);
+    commencerPar(m_ui->cmb_format);
     remplirFormats();
     connect(m_ui->cmd_import, &QPushButton::clicked, this, &F_Import_physico::cmd_import_Click);
     // Ready by the time that a file is chosen.
