@@ -3,6 +3,7 @@
 #include "exchange/M_Test_OVRA.h"
 
 #include <QProcess>
+#include <QRandomGenerator>
 #include <QTest>
 
 #ifndef Q_OS_WIN
@@ -114,6 +115,32 @@ private Q_SLOTS:
         importer(copie(nom, entier.left(entier.size() * pourcent / 100)));
         verifierEchec(
             QStringLiteral(" - Le fichier « %1 » est tronqué ou abîmé : il ne peut pas être lu.").arg(nom));
+    }
+
+    void abime_data()
+    {
+        QTest::addColumn<QString>("nom");
+        for (const char *nom : {"bon.xls", "bon.xlsx", "bon.ods"})
+            QTest::newRow(nom) << QString::fromLatin1(nom);
+    }
+    // Bytes changed here and there: whatever comes of it, the program goes on and the base is sound.
+    void abime()
+    {
+        QFETCH(QString, nom);
+        const QByteArray entier = contenu(bon(nom));
+        QRandomGenerator hasard(42);
+        for (int essais = 0; essais < 8; ++essais) {
+            QByteArray abime = entier;
+            for (int i = 0; i < 20; ++i)
+                abime[hasard.bounded(abime.size())] = static_cast<char>(hasard.bounded(256));
+            essai.recommencer();
+            essai.choisir(copie(nom, abime));
+            const IssueImport issue = M_Import_OVRA::ImporterPhysico(essai.session);
+            QVERIFY(issue.fin == Fin::Terminee || issue.fin == Fin::Choix || issue.fin == Fin::ChoixUnite ||
+                    !essai.dialogue.messages.isEmpty());
+            QCOMPARE(essai.valeur(QStringLiteral("PRAGMA integrity_check")).toString(), QStringLiteral("ok"));
+            QVERIFY(!essai.dialogue.enSablier);
+        }
     }
 
     void motDePasse_data()
@@ -287,7 +314,8 @@ private Q_SLOTS:
         essai.dialogue.progression(FenetreProgression::FProgress).aChaqueLigne = {};
         essai.choisir(chemin);
         essai.import().RemplacerTout = true;
-        QVERIFY2(M_Import_OVRA::ImporterPhysico(essai.session).fin == Fin::Terminee, qPrintable(essai.boite()));
+        QVERIFY2(M_Import_OVRA::ImporterPhysico(essai.session).fin == Fin::Terminee,
+                 qPrintable(essai.boite()));
         QCOMPARE(essai.compter(QStringLiteral("MESURE_PHYSICO")), 2500);
     }
 
