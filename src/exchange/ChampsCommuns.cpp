@@ -30,7 +30,7 @@ QDate ChampsCommuns::jour(const QVariant &cellule, const QString &suite)
 
 QString ChampsCommuns::heureControlee(const QVariant &cellule)
 {
-    const QString heure = CelluleImport::heure(cellule);
+    QString heure = CelluleImport::heure(cellule);
     if (!heure.isEmpty() && !M_Variables_OVRA::HeureValide(heure))
         throw ArretImport::faute(QStringLiteral("La valeur de l'heure '") + citer(heure) +
                                  QStringLiteral("' doit être au format Date/Heure 'hh:mm:ss'."));

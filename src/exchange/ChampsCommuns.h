@@ -15,7 +15,7 @@ inline constexpr int LONGUEUR_TEXTE = 255;
 // A station's number, held to its length only.
 template <class Champ> QString numeroStation(const LigneExcel &ligne, Champ champ)
 {
-    const QString numero = ligne.texte(champ);
+    QString numero = ligne.texte(champ);
     if (numero.size() > LONGUEUR_STATION)
         throw ArretImport::tropLong(QStringLiteral("Le numéro de la station '"), numero, LONGUEUR_STATION);
     return numero;
@@ -61,7 +61,7 @@ template <class Champ> double nombre(const LigneExcel &ligne, Champ champ, const
 
 template <class Champ> QString commentaire(const LigneExcel &ligne, Champ champ)
 {
-    const QString texte = ligne.texte(champ);
+    QString texte = ligne.texte(champ);
     if (texte.size() > LONGUEUR_TEXTE)
         throw ArretImport::tropLong(QStringLiteral("Le commentaire '"), texte, LONGUEUR_TEXTE);
     return texte;

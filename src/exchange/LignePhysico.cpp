@@ -74,7 +74,7 @@ QString heure(const LigneExcel &ligne)
 
 QString remarque(const LigneExcel &ligne)
 {
-    const QString code = ligne.texte(Champ::CodeRemarque);
+    QString code = ligne.texte(Champ::CodeRemarque);
     if (code.size() > LONGUEUR_REMARQUE) // the message has no closing quote
         throw ArretImport::faute(QStringLiteral("Le code remarque '") + citer(code) +
                                  QStringLiteral(" ne doit contenir que 2 caractères au maximum."));
@@ -83,7 +83,7 @@ QString remarque(const LigneExcel &ligne)
 
 QString seuil(const LigneExcel &ligne)
 {
-    const QString texte = ligne.texte(Champ::Seuil);
+    QString texte = ligne.texte(Champ::Seuil);
     if (texte.size() > LONGUEUR_SEUIL)
         throw ArretImport::tropLong(QStringLiteral("Le seuil de détection '"), texte, LONGUEUR_SEUIL);
     return texte;
