@@ -47,7 +47,12 @@ public:
     // What the independent reader says against the report; empty when it agrees.
     QString verifier(const DemandeRapport &d, const QString &base) const
     {
-        QFile requete(racine.filePath(QStringLiteral("demande.json")));
+        return verifier(d, base, sortie());
+    }
+    static QString verifier(const DemandeRapport &d, const QString &base, const QString &rapport)
+    {
+        const QTemporaryDir dossier;
+        QFile requete(dossier.filePath(QStringLiteral("demande.json")));
         if (!requete.open(QIODevice::WriteOnly) || requete.write(enJson(d)) < 0)
             return requete.errorString();
         requete.close();
@@ -55,7 +60,7 @@ public:
         python.setProcessChannelMode(QProcess::MergedChannels);
         python.start(QStringLiteral("/usr/bin/python3"), // the Debian one, which has xlrd
                      {QStringLiteral(DONNEES_TESTS "/../outils/verifier_rapport.py"), base,
-                      requete.fileName(), sortie()});
+                      requete.fileName(), rapport});
         if (!python.waitForFinished(60000))
             return python.errorString();
         const QString dit = QString::fromUtf8(python.readAll());
