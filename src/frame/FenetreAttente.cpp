@@ -62,10 +62,14 @@ void FenetreAttente::maximum(int valeur)
 
 void FenetreAttente::valeur(int valeur)
 {
-    // The bar paints itself as soon as it moves: it moves when it can be seen, not for each of thousands of rows.
-    if (!isVisible() || !Reprise::venue())
+    if (!isVisible())
         return;
-    m_ui->progression->setValue(std::min(valeur, m_ui->progression->maximum()));
+    // The bar paints itself as soon as it moves: it moves by hundredths, not for each of thousands of rows.
+    QProgressBar *barre = m_ui->progression;
+    const qint64 maximum = barre->maximum();
+    const qint64 nouvelle = std::min<qint64>(valeur, maximum);
+    if (nouvelle * 100 / maximum != barre->value() * qint64(100) / maximum)
+        barre->setValue(static_cast<int>(nouvelle));
     Reprise::cederParfois(m_dialogue);
 }
 

@@ -61,6 +61,10 @@ ProcessusLie::ProcessusLie(const QString &programme, const QStringList &argument
                            const QStringList &environnement, const QStringList &effacerALaFin)
     : m_aEffacer(effacerALaFin)
 {
+#ifndef Q_OS_WIN
+    // Whoever talks to the child may be writing when it dies: that must come back as a failed call, not end the program.
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     for (const QString &variable : environnement)
         variables.insert(variable.section(QLatin1Char('='), 0, 0), variable.section(QLatin1Char('='), 1));
