@@ -3,6 +3,7 @@
 #include "platform/Chemins.h"
 
 #include <com/sun/star/frame/XStorable.hpp>
+#include <filesystem>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -74,6 +75,26 @@ QString mettreEnPlace(const QString &source, const QString &chemin)
     return motifEchec(QFileInfo(chemin).absolutePath(), ecrit.errorString());
 }
 
+// The same for a file that is about to be written again: nothing waits for the disk.
+QString copier(const QString &source, const QString &chemin)
+{
+    const QString provisoire = chemin + QStringLiteral(".partiel");
+    QFile::remove(provisoire);
+    QFile lu(source);
+    const auto droits =
+        lu.permissions() | QFile::WriteOwner | QFile::WriteUser; // a template may be write-protected
+    std::error_code erreur;
+    if (lu.copy(provisoire) && QFile::setPermissions(provisoire, droits)) {
+        std::filesystem::rename(std::filesystem::path(provisoire.toStdU16String()),
+                                std::filesystem::path(chemin.toStdU16String()), erreur);
+        if (!erreur)
+            return {};
+    }
+    const QString raison = erreur ? QString::fromLocal8Bit(erreur.message().c_str()) : lu.errorString();
+    QFile::remove(provisoire);
+    return motifEchec(QFileInfo(chemin).absolutePath(), raison);
+}
+
 // An Erreur unless there is no reason.
 void refuser(const QString &chemin, const QString &raison)
 {
@@ -111,5 +132,5 @@ void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const
 void copierClasseur(const QString &source, const QString &cheminHote)
 {
     refuser(cheminHote, obstacle(cheminHote));
-    refuser(cheminHote, mettreEnPlace(source, cheminHote));
+    refuser(cheminHote, copier(source, cheminHote));
 }

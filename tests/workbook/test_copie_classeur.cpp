@@ -3,6 +3,7 @@
 #include "platform/Erreur.h"
 #include "workbook/Tableur.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QTemporaryDir>
@@ -13,7 +14,7 @@ class TestCopieClasseur : public QObject
     Q_OBJECT
 
 private:
-    QString fichier(const char *nom) const { return m_dossier.filePath(QLatin1String(nom)); }
+    QString fichier(const char *nom) const { return m_dossier.filePath(QString::fromUtf8(nom)); }
     static QByteArray octets(const QString &chemin)
     {
         QFile lu(chemin);
@@ -55,6 +56,24 @@ private Q_SLOTS:
         classeur->fermer();
         QCOMPARE(ClasseurLu(fichier("copie.xls")).valeur("F", "A4").toString(), QStringLiteral("écrite"));
         QCOMPARE(octets(fichier("modele.xls")), modele);
+    }
+
+    // A template that was installed write-protected gives a copy that can be saved; a file of that name is replaced, and nothing
+    // else is left beside it.
+    void reprendreSousUnModeleProtege()
+    {
+        QDir(m_dossier.path()).mkdir(QStringLiteral("été"));
+        const QString modele = fichier("protege.xls");
+        const QString copie = fichier("été/copie.xls");
+        QVERIFY(QFile::copy(fichier("modele.xls"), modele));
+        QVERIFY(QFile::copy(fichier("modele.xls"), copie));
+        QVERIFY(QFile::setPermissions(modele, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
+        const auto classeur = m_tableur.ouvrir(modele);
+        classeur->reprendreSous(copie);
+        QVERIFY(QFile::permissions(copie).testFlag(QFile::WriteOwner));
+        classeur->enregistrer();
+        QCOMPARE(QDir(fichier("été")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList{QStringLiteral("copie.xls")});
     }
 
     // What cannot be put there is told, and the workbook keeps its name.
