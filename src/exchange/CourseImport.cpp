@@ -81,7 +81,7 @@ IssueImport Course::executer()
     try {
         m_progression.montrer(m_import.FormatTeste ? QStringLiteral("Import des données du fichier Excel")
                                                    : QStringLiteral("Test du format du fichier Excel"),
-                              {});
+                              QStringLiteral("Ouverture du fichier « %1 »").arg(m_import.TitreImport));
         m_session.dialogue.sablier(true);
         // Opened once for the check and the reading.
         const std::unique_ptr<Classeur> classeur = ouvrir();
@@ -101,7 +101,9 @@ IssueImport Course::executer()
 
 IssueImport Course::parcourir(const Feuille &feuille)
 {
-    m_progression.montrer(QStringLiteral("Import des données du fichier Excel"), {});
+    m_progression.montrer(
+        QStringLiteral("Import des données du fichier Excel"),
+        QStringLiteral("Enregistrement des mesures du fichier « %1 »").arg(m_import.TitreImport));
     m_progression.permettreAnnulation(true);
     const TravailImport::Etapes etapes = m_travail.preparer();
 
@@ -166,6 +168,7 @@ IssueImport Course::arreter(const ArretImport &arret, int ligne)
 IssueImport Course::interrompre(int ligne)
 {
     m_import.LigneReprise = ligne;
+    m_import.FichierInterrompu = m_import.FichierImport;
     dire(
         QStringLiteral("L'import a été interrompu à la ligne %1. Les mesures des lignes précédentes sont "
                        "enregistrées.\nRecommencez l'import du même fichier pour le reprendre à cette ligne.")

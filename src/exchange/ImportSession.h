@@ -55,6 +55,12 @@ struct ImportSession {
     // 1-based columns found by the format check, 0 = absent; kept across resumptions.
     std::array<int, 16> ColonnesExcel{};
 
+    // The file whose import the user has interrupted from the progress window; empty otherwise.
+    QString FichierInterrompu;
+
     // What the menu does before an import; LigneReprise stays.
     void viderCompteurs();
+    // A new import of the file at this host path. The row at which a stopped import stood stays, on purpose, whatever the
+    // file; only an import that the user has interrupted himself resumes with its own file alone.
+    void commencer(const QString &fichier, TypeImport type);
 };

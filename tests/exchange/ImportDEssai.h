@@ -159,10 +159,7 @@ public:
     // What choosing this file in the menu does before the run.
     void choisir(const QString &chemin)
     {
-        import().FichierImport = chemin;
-        import().TitreImport = Chemins::titre(chemin);
-        import().DossierFichier = Chemins::dossier(chemin);
-        import().viderCompteurs();
+        import().commencer(chemin, TypeImport::Physico);
         oublierLesBoites();
     }
 

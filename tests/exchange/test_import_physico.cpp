@@ -454,6 +454,36 @@ private Q_SLOTS:
         QCOMPARE(essai.boite(), acheve(2));
     }
 
+    // The user stops an import at its third row: the same file goes on from there, another one begins at its top.
+    void interruptionEnRoute_data()
+    {
+        QTest::addColumn<bool>("memeFichier");
+        QTest::addColumn<int>("mesures");
+        QTest::newRow("meme fichier") << true << 2;
+        QTest::newRow("autre fichier") << false << 3;
+    }
+    void interruptionEnRoute()
+    {
+        QFETCH(bool, memeFichier);
+        QFETCH(int, mesures);
+        FeuillePhysico feuille = feuillePhysico();
+        feuille.ajouter().ajouter({{C::Date, QDate(2009, 4, 1)}}).ajouter({{C::Date, QDate(2009, 5, 1)}});
+        auto &fenetre = essai.dialogue.progression(FenetreProgression::FProgress);
+        fenetre.aChaqueLigne = [&](int ligne) { fenetre.annulationDemandee = ligne == 3; };
+        QCOMPARE(importer(feuille).fin, Fin::Arretee);
+        fenetre.aChaqueLigne = {};
+        fenetre.annulationDemandee = false;
+        QCOMPARE(essai.compter(QStringLiteral("MESURE_PHYSICO")), 1);
+        QCOMPARE(essai.import().LigneReprise, 3);
+        FeuillePhysico autre = feuillePhysico();
+        for (int i = 0; i < 3; ++i)
+            autre.ajouter({{C::Date, QDate(2015, 1, 1).addDays(i)}});
+        essai.choisir(memeFichier ? essai.import().FichierImport
+                                  : essai.ecrire(autre.valeurs(), QStringLiteral("autre.xls")));
+        QCOMPARE(importer().fin, Fin::Terminee);
+        QCOMPARE(essai.boite(), acheve(mesures));
+    }
+
     // A run-time failure in the middle: the row is undone whole, those before it stay, the state stays as it was.
     void echecDeLaBase()
     {

@@ -52,12 +52,7 @@ TypeImport typeDuFichier(const QString &titre)
 
 void commencer(Session &session, Cadre &cadre, const QString &fichier, TypeImport type)
 {
-    ImportSession &import = session.importSession;
-    import.FichierImport = fichier;
-    import.TitreImport = Chemins::titre(fichier);
-    import.DossierFichier = Chemins::dossier(fichier);
-    import.typeImport = type;
-    import.viderCompteurs();
+    session.importSession.commencer(fichier, type);
     EcranReprise::fermerTous(session);
     ControleurImport::RelancerImport(session, cadre);
 }

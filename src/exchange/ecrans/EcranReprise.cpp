@@ -2,6 +2,8 @@
 
 #include "exchange/ecrans/ControleurImport.h"
 #include "frame/Session.h"
+#include "platform/Erreur.h"
+#include "platform/FichierLisible.h"
 
 #include <QApplication>
 
@@ -26,6 +28,13 @@ void EcranReprise::RelancerImport()
 {
     Session &s = session();
     Cadre &c = cadre();
+    try {
+        verifierLisible(s.importSession.FichierImport);
+    } catch (const Erreur &erreur) {
+        s.dialogue.message(erreur.description(), QStringLiteral("Attention"), Icone::Exclamation);
+        return;
+    }
+    s.importSession.LigneIgnoree = false;
     fermer();
     s.dialogue.ceder();
     ControleurImport::RelancerImport(s, c);

@@ -15,6 +15,7 @@ public:
 protected:
     // "Ligne 12 du fichier « mesures.xls »": where the import stands.
     QString emplacement() const;
-    // Closes this screen, then runs the import from the stored row on.
+    // Closes this screen, then runs the import from the stored row on. While the file is still open where it was corrected,
+    // says so and stays: the run would fail, and the question be lost.
     void RelancerImport();
 };

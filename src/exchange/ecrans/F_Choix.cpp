@@ -94,6 +94,5 @@ void F_Choix::cmd_ignorer_Click()
 
 void F_Choix::cmd_continuer_Click()
 {
-    session().importSession.LigneIgnoree = false;
     RelancerImport();
 }

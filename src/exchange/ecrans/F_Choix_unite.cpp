@@ -40,6 +40,5 @@ void F_Choix_unite::cmd_ignorer_Click()
 
 void F_Choix_unite::cmd_continuer_Click()
 {
-    session().importSession.LigneIgnoree = false;
     RelancerImport();
 }

@@ -265,6 +265,28 @@ private Q_SLOTS:
         QCOMPARE(essai.compter(QStringLiteral("MESURE_PHYSICO")), 1);
     }
 
+    // Still open where it was corrected: the question stays, and waits.
+    void fichierEncoreOuvert()
+    {
+        choisirFichier(feuillePhysico().ajouter({{C::Gestionnaire, QStringLiteral("Personne")}}));
+        bouton("cmd_ignorer").click();
+        QFile verrou(essai.dossier.filePath(QStringLiteral(".~lock.mesures.xls#")));
+        QVERIFY(verrou.open(QIODevice::WriteOnly) && verrou.write(",marie,poste12,21.11.2026 10:00,;") > 0);
+        verrou.close();
+        essai.oublierLesBoites();
+        bouton("cmd_continuer").click();
+        QCOMPARE(essai.boite(),
+                 QStringLiteral("Attention | Le fichier « mesures.xls » est ouvert dans un autre programme "
+                                "(marie, poste12). Fermez-le puis recommencez."));
+        QVERIFY(cadre->ecran && cadre->ecran->isVisible());
+        QVERIFY(essai.import().LigneIgnoree);
+        QVERIFY(verrou.remove());
+        bouton("cmd_continuer").click();
+        QTRY_VERIFY(!cadre->ecran);
+        QVERIFY(
+            essai.boite().endsWith(QStringLiteral("Aucune mesure physico-chimique n'a été enregistrée. ")));
+    }
+
     void elementVide()
     {
         choisirFichier(feuillePhysico().ajouter({{C::Date, QVariant()}}));
