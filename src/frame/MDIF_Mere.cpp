@@ -57,6 +57,9 @@ MDIF_Mere::MDIF_Mere(Session &session, DialogueQt &dialogue)
     aide->setShortcutContext(Qt::ApplicationShortcut);
     connect(aide, &QAction::triggered, this, &MDIF_Mere::aideDeLEcran);
     addAction(aide);
+    // A report yields to the user while it runs: nothing else may start meanwhile, nor take the base away from it.
+    connect(&m_session.etatRapport, &EtatRapport::change, this,
+            [this](bool enCours) { activerMenu(!enCours); });
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     dialogue.definirFenetre(this, m_barre);
 }
@@ -140,6 +143,14 @@ bool MDIF_Mere::ouvrir(const QString &menu)
 
 void MDIF_Mere::executer(const EntreeRegistre &entree)
 {
+    // A command without a screen works before it returns, and may yield to the user.
+    const bool commande = entree.classe.isEmpty();
+    if (commande)
+        activerMenu(false);
+    const auto rendre = qScopeGuard([this, commande] {
+        if (commande)
+            activerMenu(!m_session.etatRapport.enCours());
+    });
     try {
         if (entree.preparer)
             entree.preparer(m_session);

@@ -109,6 +109,36 @@ private Q_SLOTS:
         }
     }
 
+    // While a report runs nothing else can be started; help and quit stay.
+    void pendantUnRapport()
+    {
+        const auto actives = [this](const char *nom) {
+            return m_mere->findChild<QAction *>(QString::fromLatin1(nom))->isEnabled();
+        };
+        QVERIFY(actives("mnu_compact"));
+        m_session->etatRapport.definir(true);
+        QVERIFY(!actives("mnu_compact"));
+        QVERIFY(!actives("m_import_donnees_physico"));
+        QVERIFY(!actives("m_evolution_physico"));
+        QVERIFY(actives("m_aide"));
+        QVERIFY(actives("m_quitter"));
+        m_session->etatRapport.definir(false);
+        QVERIFY(actives("mnu_compact"));
+        QVERIFY(actives("m_evolution_physico"));
+    }
+
+    // A command of the menu yields while it works: the others wait for its end.
+    void pendantUneCommande()
+    {
+        bool active = true;
+        m_dialogue->auChoix = [&] {
+            active = m_mere->findChild<QAction *>(QStringLiteral("mnu_compact"))->isEnabled();
+        };
+        m_mere->ouvrir(QStringLiteral("mnu_trans_res"));
+        QVERIFY(!active);
+        QVERIFY(m_mere->findChild<QAction *>(QStringLiteral("mnu_compact"))->isEnabled());
+    }
+
     void importPhyto()
     {
         QVERIFY(m_mere->ouvrir(QStringLiteral("m_import_donnees_phyto")));
