@@ -5,9 +5,11 @@ cd "$(dirname "$0")/.."
 construction=$PWD/build
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
-    # C:\Projet\ is the folder Projet of the user's home; what is there already is left as it is.
-    mkdir -p "$HOME/Projet"
-    cp -rn "$construction/installation/Projet/." "$HOME/Projet/"
+    # C:\Projet\ is the folder Projet of the user's home; a base that is there already is left as it is, a template gives
+    # way to a newer one only.
+    mkdir -p "$HOME"/Projet/{Base,Modèles,Export,Travail,Dessin,MajIntervenant}
+    cp -rn "$construction/installation/Projet/Base/." "$HOME/Projet/Base/"
+    cp -ru "$construction/installation/Projet/Modèles/." "$HOME/Projet/Modèles/"
     exec "$construction/bin/ovralis"
 fi
 
