@@ -43,7 +43,7 @@ def paquet(nom, contenu):
 
 
 def xlsx(nom, donnees):
-    """A package of inline texts, [ECMA-376] parts 1 and 2."""
+    """A package of inline texts, [ECMA-376]."""
     rangees = []
     for l, rangee in enumerate(donnees, 1):
         cellules = []
