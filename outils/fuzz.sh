@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 for fuzz in build/fuzz/fuzz_*; do
-    [ -x "$fuzz" ] || continue
+    [ -f "$fuzz" ] && [ -x "$fuzz" ] || continue
     echo "== $(basename "$fuzz")"
     "$fuzz" --nombre "${NOMBRE:-20000}"
 done

@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 export QT_QPA_PLATFORM=offscreen
 for banc in build/bench/banc_*; do
-    [ -x "$banc" ] || continue
+    [ -f "$banc" ] && [ -x "$banc" ] || continue
     echo "== $(basename "$banc")"
     "$banc" || echo "   (ended with code $?)"
 done
