@@ -298,6 +298,9 @@ bool M_Structure_2002::TransposerStructure(const DataEnvironment1 &donnees,
 void M_Structure_2002::TransposerPrelevements(const DataEnvironment1 &donnees, const QString &ancien,
                                               const QString &nouveau)
 {
+    // The base takes codes that differ by case for one: the samplings would be "in both", and lose their membership.
+    if (ancien.compare(nouveau, Qt::CaseInsensitive) == 0)
+        return;
     if (!Structure::tableExiste(donnees.Connect_Bdd(), QStringLiteral("PRELEVEMENTRSX")))
         return;
     donnees.executer(QStringLiteral("DELETE FROM PRELEVEMENTRSX WHERE CodeReseau = ? AND NumPrel IN "

@@ -14,7 +14,7 @@ namespace
 {
 constexpr int ETAPES = 4;
 
-// The rows of the file that a copy must have too, and the soundness of the copy.
+// The soundness of the copy, before it may take the place of the study.
 void verifierCopie(const QString &travail)
 {
     DataEnvironment1 copie;

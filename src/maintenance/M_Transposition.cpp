@@ -56,7 +56,7 @@ void M_Transposition::appliquer(const DataEnvironment1 &donnees, const QList<Ent
     for (const Reseau &reseau : reseaux) {
         for (const EntreeReseau &entree : entrees) {
             if (entree.libelle.compare(reseau.libelle, Qt::CaseInsensitive) != 0 ||
-                entree.code == reseau.code)
+                entree.code.compare(reseau.code, Qt::CaseInsensitive) == 0)
                 continue;
             progres(entree.libelle);
             TransposerPrelevements(donnees, reseau.code, entree.code);

@@ -40,6 +40,20 @@ private Q_SLOTS:
         QCOMPARE(reseauxDe(base, c), QStringList{"0400000002"});
     }
 
+    // Codes that differ by case are one code to the base: no membership may be lost.
+    void codesQuiNeDifferentQueParLaCasse()
+    {
+        BaseDEssai base;
+        base.sql("INSERT INTO RESEAU_MESURE VALUES ('rsx', 'Petit réseau', '')");
+        const qint64 a = base.ajouterPrelevement("04211940", QDate(2010, 1, 1));
+        appartient(base, a, "rsx");
+        M_Transposition::TransposerPrelevements(base.donnees, "rsx", "RSX");
+        QCOMPARE(reseauxDe(base, a), QStringList{"rsx"});
+        M_Transposition::appliquer(base.donnees, {{"RSX", "Petit réseau", "x"}}, [](const QString &) {});
+        QCOMPARE(reseauxDe(base, a), QStringList{"rsx"});
+        QCOMPARE(base.compter("RESEAU_MESURE"), 3);
+    }
+
     // The label is matched without regard to case; the purpose comes from the entry; a network without entry stays.
     void parLibelle()
     {
