@@ -29,49 +29,71 @@ void ajusterHauteurs(Feuille &feuille, int premiereLigne, const QStringList &lib
     }
 }
 
-Valeurs enColonne(const QStringList &textes)
+// The cells of the sheet from the title down, in one piece: each exchange with the spreadsheet costs more than the cells
+// that it carries. Rows and columns are the sheet's own.
+class Cellules
 {
-    Valeurs valeurs;
-    for (const QString &texte : textes)
-        valeurs.append(QVector<QVariant>{texte});
-    return valeurs;
-}
+public:
+    // What the template has there, down to the legend above the yearly blocks.
+    explicit Cellules(const Feuille &feuille)
+        : m_valeurs(feuille.plage(LIGNE_TITRE, COLONNE_LIBELLES, LIGNE_LEGENDE, DERNIERE_COLONNE).contenu())
+    {
+    }
 
-void ecrireEnTete(Feuille &feuille, const DemandeRapport &demande, const RapportPC &rapport)
+    void mettre(int ligne, int colonne, const QVariant &valeur)
+    {
+        m_valeurs[ligne - LIGNE_TITRE][colonne - COLONNE_LIBELLES] = valeur;
+    }
+    // Rows below the legend.
+    void ajouter(const Valeurs &rangees) { m_valeurs += rangees; }
+    void ecrire(const Feuille &feuille) const
+    {
+        feuille
+            .plage(LIGNE_TITRE, COLONNE_LIBELLES, LIGNE_TITRE + static_cast<int>(m_valeurs.size()) - 1,
+                   DERNIERE_COLONNE)
+            .ecrireContenu(m_valeurs);
+    }
+
+private:
+    Valeurs m_valeurs;
+};
+
+void mettreEnTete(Cellules &cellules, Feuille &feuille, const DemandeRapport &demande,
+                  const RapportPC &rapport)
 {
-    feuille.cellule(LIGNE_TITRE, COLONNE_LIBELLES).ecrire(ContenuRapportPC::titre(demande.mode));
+    cellules.mettre(LIGNE_TITRE, COLONNE_LIBELLES, ContenuRapportPC::titre(demande.mode));
     const EnTeteRapport &enTete = rapport.enTete;
     const QStringList identite{enTete.bassin, enTete.codeAffiche, enTete.riviere, enTete.station,
                                enTete.parametre};
-    feuille.plage(LIGNE_BASSIN, COLONNE_IDENTITE, LIGNE_PARAMETRE, COLONNE_IDENTITE)
-        .ecrire(enColonne(identite));
-    for (int i = 0; i < identite.size(); ++i)
+    for (int i = 0; i < identite.size(); ++i) {
+        cellules.mettre(LIGNE_BASSIN + i, COLONNE_IDENTITE, identite[i]);
         ajusterHauteur(feuille, LIGNE_BASSIN + i, identite[i], CARACTERES_IDENTITE, HAUTEUR_IDENTITE);
-    feuille.plage(LIGNE_PERIODE, COLONNE_DEBUT, LIGNE_PERIODE, COLONNE_FIN)
-        .ecrire(Valeurs{{demande.debut, QStringLiteral("au"), demande.fin}});
+    }
+    cellules.mettre(LIGNE_PERIODE, COLONNE_DEBUT, demande.debut);
+    cellules.mettre(LIGNE_PERIODE, COLONNE_DEBUT + 1, QStringLiteral("au"));
+    cellules.mettre(LIGNE_PERIODE, COLONNE_FIN, demande.fin);
     const QString sources = ContenuRapportPC::sources(rapport.sources);
-    if (!sources.isEmpty())
-        feuille.cellule(LIGNE_SOURCES, COLONNE_LIBELLES).ecrire(sources);
+    cellules.mettre(LIGNE_SOURCES, COLONNE_LIBELLES, sources);
     ajusterHauteur(feuille, LIGNE_SOURCES, sources, CARACTERES_SOURCES, HAUTEUR_LIGNE);
 }
 
-// Labels and both columns of figures as one rectangle.
-void ecrirePeriode(Feuille &feuille, const RapportPC &rapport)
+// Labels and both columns of figures.
+void mettrePeriode(Cellules &cellules, Feuille &feuille, const RapportPC &rapport)
 {
     const QStringList libelles =
         ContenuRapportPC::libellesPeriode(rapport.enTete.unite, rapport.enTete.limites);
     const QVariantList surLaBase = ContenuRapportPC::figuresPeriode(rapport.resultat.surLaBase);
     const QVariantList surLesRetenues = ContenuRapportPC::figuresPeriode(rapport.resultat.surLesRetenues);
-    Valeurs valeurs(1 + FIGURES_PERIODE, QVector<QVariant>(COLONNE_SUR_LES_RETENUES));
-    valeurs[0][COLONNE_SUR_LA_BASE - 1] = QStringLiteral("Sur l'effectif de la base");
-    valeurs[0][COLONNE_SUR_LES_RETENUES - 1] = QStringLiteral("Sur les mesures retenues");
+    cellules.mettre(LIGNE_INTITULES_PERIODE, COLONNE_SUR_LA_BASE,
+                    QStringLiteral("Sur l'effectif de la base"));
+    cellules.mettre(LIGNE_INTITULES_PERIODE, COLONNE_SUR_LES_RETENUES,
+                    QStringLiteral("Sur les mesures retenues"));
     for (int i = 0; i < FIGURES_PERIODE; ++i) {
-        valeurs[i + 1][COLONNE_LIBELLES - 1] = libelles[i];
-        valeurs[i + 1][COLONNE_SUR_LA_BASE - 1] = surLaBase[i];
-        valeurs[i + 1][COLONNE_SUR_LES_RETENUES - 1] = surLesRetenues[i];
+        const int ligne = LIGNE_PERIODE_EFFECTIF + i;
+        cellules.mettre(ligne, COLONNE_LIBELLES, libelles[i]);
+        cellules.mettre(ligne, COLONNE_SUR_LA_BASE, surLaBase[i]);
+        cellules.mettre(ligne, COLONNE_SUR_LES_RETENUES, surLesRetenues[i]);
     }
-    feuille.plage(LIGNE_INTITULES_PERIODE, COLONNE_LIBELLES, LIGNE_PERIODE_FIN, COLONNE_SUR_LES_RETENUES)
-        .ecrire(valeurs);
     ajusterHauteurs(feuille, LIGNE_PERIODE_EFFECTIF, libelles, LIGNE_PERIODE_DEPASSEMENTS,
                     DEPASSEMENTS_PERIODE);
 }
@@ -117,7 +139,7 @@ void colorerClasses(Feuille &feuille, int ligne, const QList<StatistiquesAnnee> 
     }
 }
 
-void ecrireAnnees(Feuille &feuille, const RapportPC &rapport)
+void mettreAnnees(Cellules &cellules, Feuille &feuille, const RapportPC &rapport)
 {
     const int annees = static_cast<int>(rapport.annees.size());
     if (annees == 0)
@@ -128,11 +150,7 @@ void ecrireAnnees(Feuille &feuille, const RapportPC &rapport)
 
     const QStringList libelles =
         ContenuRapportPC::libellesAnnee(rapport.enTete.unite, rapport.enTete.limites);
-    const Valeurs valeurs = ContenuRapportPC::blocs(rapport.annees, rapport.resultat.annees, libelles);
-    feuille
-        .plage(LIGNE_PREMIER_BLOC, COLONNE_LIBELLES,
-               LIGNE_PREMIER_BLOC + static_cast<int>(valeurs.size()) - 1, DERNIERE_COLONNE)
-        .ecrire(valeurs);
+    cellules.ajouter(ContenuRapportPC::blocs(rapport.annees, rapport.resultat.annees, libelles));
     for (int bloc = 0; bloc < blocs; ++bloc) {
         const int ligne = ligneDuBloc(bloc);
         ajusterHauteurs(feuille, ligne + 1, libelles, ligne + RANG_DEPASSEMENT_MOYEN, DEPASSEMENTS_ANNEE);
@@ -144,7 +162,9 @@ void ecrireAnnees(Feuille &feuille, const RapportPC &rapport)
 
 void ecrireRapportPC(Feuille &feuille, const DemandeRapport &demande, const RapportPC &rapport)
 {
-    ecrireEnTete(feuille, demande, rapport);
-    ecrirePeriode(feuille, rapport);
-    ecrireAnnees(feuille, rapport);
+    Cellules cellules(feuille);
+    mettreEnTete(cellules, feuille, demande, rapport);
+    mettrePeriode(cellules, feuille, rapport);
+    mettreAnnees(cellules, feuille, rapport);
+    cellules.ecrire(feuille);
 }

@@ -78,6 +78,7 @@ int M_Concentration_OVRA::EditerRapport(const DemandeRapport &demande, const Dat
     rapport.sources = lireNomsGestionnaires(donnees, rapport.resultat.sources);
     etapes.valeur(Etapes::DERNIERE);
 
+    classeur.figerHauteurs();
     Feuille feuille = classeur.feuille(DispositionRapportPC::FEUILLE.toString());
     ecrireRapportPC(feuille, demande, rapport);
     return rapport.resultat.mesuresRetenues;

@@ -230,6 +230,14 @@ void Classeur::policeParDefaut(const QString &nom, double points)
     });
 }
 
+void Classeur::figerHauteurs()
+{
+    m_donnees->instance->appeler([this] {
+        Reference<css::beans::XPropertySet>(m_donnees->ouvert(), UNO_QUERY_THROW)
+            ->setPropertyValue("IsAdjustHeightEnabled", css::uno::Any(false));
+    });
+}
+
 void Classeur::nommerPlage(const QString &nom, const Plage &plage)
 {
     m_donnees->instance->appeler([&] {

@@ -44,6 +44,9 @@ public:
     std::optional<Plage> plageNommee(const QString &nom) const;
     // The font of every cell that is given no other one.
     void policeParDefaut(const QString &nom, double points);
+    // Rows keep from now on the heights that they have, whatever is written in them: for a workbook made from a template,
+    // in which measuring every text again takes longer than writing it. A row can still be given its height.
+    void figerHauteurs();
     void nommerPlage(const QString &nom, const Plage &plage);
 
 private:

@@ -13,6 +13,8 @@ enum class NatureFormat : quint8 { Autre, Date, Heure };
 class GrilleFormats
 {
 public:
+    // Neither dates nor times.
+    GrilleFormats() = default;
     explicit GrilleFormats(const Plage::Donnees &plage);
     NatureFormat nature(int ligne, int colonne) const
     {

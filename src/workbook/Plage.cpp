@@ -122,6 +122,96 @@ ValeurEcrite preparer(const QVariant &valeur, const QDate &origine)
                          .arg(QLatin1String(valeur.typeName())));
     return {std::isfinite(nombre) ? Any(nombre) : Any()};
 }
+
+int lignesDe(const Plage::Donnees &donnees)
+{
+    return donnees.adresse.EndRow - donnees.adresse.StartRow + 1;
+}
+
+int colonnesDe(const Plage::Donnees &donnees)
+{
+    return donnees.adresse.EndColumn - donnees.adresse.StartColumn + 1;
+}
+
+// The cells of a range, those of `natures` that are dates or times as such.
+Valeurs lireCellules(const Plage::Donnees &donnees, const GrilleFormats &natures)
+{
+    const QDate origine = donnees.feuille->classeur->origineDates;
+    const int lignes = lignesDe(donnees);
+    const int colonnes = colonnesDe(donnees);
+    const int pas = lignesParMessage(colonnes);
+    Valeurs valeurs(lignes);
+    for (int debut = 0; debut < lignes; debut += pas) {
+        const int fin = qMin(debut + pas, lignes) - 1;
+        const Sequence<Sequence<Any>> lues = cellulesDe(donnees, debut, fin)->getDataArray();
+        for (int l = debut; l <= fin; ++l) {
+            const Sequence<Any> &cellules = lues[l - debut];
+            QVector<QVariant> &rangee = valeurs[l];
+            rangee.resize(colonnes);
+            for (int c = 0; c < colonnes; ++c) {
+                const Any &cellule = cellules[c];
+                if (rtl::OUString texte; cellule >>= texte) {
+                    if (!texte.isEmpty())
+                        rangee[c] = versQt(texte);
+                } else if (double nombre = 0; cellule >>= nombre) {
+                    rangee[c] = nombreLu(nombre, natures.nature(l, c), origine);
+                } else { // an error has no value
+                    rangee[c] = QVariant::fromValue(
+                        ErreurCellule{signeErreur(donnees.plage->getCellByPosition(c, l)->getError())});
+                }
+            }
+        }
+    }
+    return valeurs;
+}
+
+void verifierTaille(const Plage::Donnees &donnees, const Valeurs &valeurs)
+{
+    const auto colonnes = static_cast<qsizetype>(colonnesDe(donnees));
+    const bool taille =
+        valeurs.size() == lignesDe(donnees) &&
+        std::all_of(valeurs.cbegin(), valeurs.cend(), [&](const auto &v) { return v.size() == colonnes; });
+    if (!taille)
+        throw Erreur(
+            TailleDifferente,
+            QStringLiteral("Les valeurs à écrire n'ont pas la taille de la plage (%1 lignes, %2 colonnes).")
+                .arg(lignesDe(donnees))
+                .arg(colonnes));
+}
+
+// Writes the cells; returns the formats that their values call for.
+FormatsVoulus ecrireCellules(const Plage::Donnees &donnees, const Valeurs &valeurs)
+{
+    const QDate origine = donnees.feuille->classeur->origineDates;
+    const int lignes = lignesDe(donnees);
+    const int colonnes = colonnesDe(donnees);
+    const int pas = lignesParMessage(colonnes);
+    FormatsVoulus formats(donnees);
+    QVector<QPair<int, int>> erreurs;
+    for (int debut = 0; debut < lignes; debut += pas) {
+        const int fin = qMin(debut + pas, lignes) - 1;
+        Sequence<Sequence<Any>> bloc(fin - debut + 1);
+        for (int l = debut; l <= fin; ++l) {
+            Sequence<Any> rangee(colonnes);
+            for (int c = 0; c < colonnes; ++c) {
+                ValeurEcrite ecrite = preparer(valeurs.at(l).at(c), origine);
+                if (ecrite.format)
+                    formats.vouloir(l, c, QLatin1String(ecrite.format));
+                if (!ecrite.valeur.hasValue()) {
+                    // An array with such a value in it would bring the application down.
+                    erreurs.append({l, c});
+                    ecrite.valeur <<= rtl::OUString();
+                }
+                rangee.getArray()[c] = ecrite.valeur;
+            }
+            bloc.getArray()[l - debut] = rangee;
+        }
+        cellulesDe(donnees, debut, fin)->setDataArray(bloc);
+    }
+    for (const auto &[l, c] : std::as_const(erreurs))
+        donnees.plage->getCellByPosition(c, l)->setFormula("=NA()");
+    return formats;
+}
 } // namespace
 
 Plage::Plage(std::shared_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
@@ -138,44 +228,22 @@ int Plage::colonne() const
 
 int Plage::lignes() const
 {
-    return m_donnees->adresse.EndRow - m_donnees->adresse.StartRow + 1;
+    return lignesDe(*m_donnees);
 }
 
 int Plage::colonnes() const
 {
-    return m_donnees->adresse.EndColumn - m_donnees->adresse.StartColumn + 1;
+    return colonnesDe(*m_donnees);
 }
 
 Valeurs Plage::valeurs() const
 {
-    return m_donnees->appeler([this] {
-        const GrilleFormats natures(*m_donnees);
-        const QDate origine = m_donnees->feuille->classeur->origineDates;
-        const int pas = lignesParMessage(colonnes());
-        Valeurs valeurs(lignes());
-        for (int debut = 0; debut < lignes(); debut += pas) {
-            const int fin = qMin(debut + pas, lignes()) - 1;
-            const Sequence<Sequence<Any>> lues = cellulesDe(*m_donnees, debut, fin)->getDataArray();
-            for (int l = debut; l <= fin; ++l) {
-                const Sequence<Any> &cellules = lues[l - debut];
-                QVector<QVariant> &rangee = valeurs[l];
-                rangee.resize(colonnes());
-                for (int c = 0; c < colonnes(); ++c) {
-                    const Any &cellule = cellules[c];
-                    if (rtl::OUString texte; cellule >>= texte) {
-                        if (!texte.isEmpty())
-                            rangee[c] = versQt(texte);
-                    } else if (double nombre = 0; cellule >>= nombre) {
-                        rangee[c] = nombreLu(nombre, natures.nature(l, c), origine);
-                    } else { // an error has no value
-                        rangee[c] = QVariant::fromValue(ErreurCellule{
-                            signeErreur(m_donnees->plage->getCellByPosition(c, l)->getError())});
-                    }
-                }
-            }
-        }
-        return valeurs;
-    });
+    return m_donnees->appeler([this] { return lireCellules(*m_donnees, GrilleFormats(*m_donnees)); });
+}
+
+Valeurs Plage::contenu() const
+{
+    return m_donnees->appeler([this] { return lireCellules(*m_donnees, GrilleFormats()); });
 }
 
 QVariant Plage::valeur() const
@@ -202,45 +270,14 @@ void Plage::ecrire(const QVariant &valeur)
 
 void Plage::ecrire(const Valeurs &valeurs)
 {
-    const auto nombreColonnes = static_cast<qsizetype>(colonnes());
-    const bool taille =
-        valeurs.size() == lignes() && std::all_of(valeurs.cbegin(), valeurs.cend(),
-                                                  [&](const auto &v) { return v.size() == nombreColonnes; });
-    if (!taille)
-        throw Erreur(
-            TailleDifferente,
-            QStringLiteral("Les valeurs à écrire n'ont pas la taille de la plage (%1 lignes, %2 colonnes).")
-                .arg(lignes())
-                .arg(colonnes()));
-    m_donnees->appeler([&] {
-        const QDate origine = m_donnees->feuille->classeur->origineDates;
-        const int pas = lignesParMessage(colonnes());
-        FormatsVoulus formats(*m_donnees);
-        QVector<QPair<int, int>> erreurs;
-        for (int debut = 0; debut < lignes(); debut += pas) {
-            const int fin = qMin(debut + pas, lignes()) - 1;
-            Sequence<Sequence<Any>> bloc(fin - debut + 1);
-            for (int l = debut; l <= fin; ++l) {
-                Sequence<Any> rangee(colonnes());
-                for (int c = 0; c < colonnes(); ++c) {
-                    ValeurEcrite ecrite = preparer(valeurs.at(l).at(c), origine);
-                    if (ecrite.format)
-                        formats.vouloir(l, c, QLatin1String(ecrite.format));
-                    if (!ecrite.valeur.hasValue()) {
-                        // An array with such a value in it would bring the application down.
-                        erreurs.append({l, c});
-                        ecrite.valeur <<= rtl::OUString();
-                    }
-                    rangee.getArray()[c] = ecrite.valeur;
-                }
-                bloc.getArray()[l - debut] = rangee;
-            }
-            cellulesDe(*m_donnees, debut, fin)->setDataArray(bloc);
-        }
-        for (const auto &[l, c] : std::as_const(erreurs))
-            m_donnees->plage->getCellByPosition(c, l)->setFormula("=NA()");
-        formats.appliquer();
-    });
+    verifierTaille(*m_donnees, valeurs);
+    m_donnees->appeler([&] { ecrireCellules(*m_donnees, valeurs).appliquer(); });
+}
+
+void Plage::ecrireContenu(const Valeurs &valeurs)
+{
+    verifierTaille(*m_donnees, valeurs);
+    m_donnees->appeler([&] { ecrireCellules(*m_donnees, valeurs); });
 }
 
 void Plage::viderContenu()

@@ -52,6 +52,8 @@ public:
     // Read: one round trip for the whole range (and one for its formats).
     Valeurs valeurs() const;
     QVariant valeur() const; // of the first cell
+    // Read without a look at the formats, in one round trip: a date comes as its number.
+    Valeurs contenu() const;
     // One cell of the range, counted from 1 inside it.
     Plage cellule(int ligne, int colonne) const;
 
@@ -62,6 +64,8 @@ public:
     void ecrire(const QVariant &valeur);
     // Write a rectangle of the range's own size.
     void ecrire(const Valeurs &valeurs);
+    // The same without a look at the formats, which stay as they are: for cells that a template has prepared.
+    void ecrireContenu(const Valeurs &valeurs);
 
     void viderContenu();                     // ClearContents: the formats stay
     void effacer();                          // contents and looks: as never used

@@ -18,6 +18,8 @@ private Q_SLOTS:
     void texteTropLong();
     void valeursEtFormats();
     void datesGardentLeurFormat();
+    void contenuSansFormats();
+    void hauteursFigees();
     void uneValeurPartout();
     void tailleDifferente();
     void valeurInconnue();
@@ -178,6 +180,44 @@ void TestClasseur::datesGardentLeurFormat()
                                           {"B3", "dd/mm/yyyy"}})
         QCOMPARE(lu.cellule(nom, QLatin1String(adresse))[QLatin1String("format")].toString(),
                  QLatin1String(format));
+}
+
+// A date comes as its number, and goes in without its cell being given a format: 1 March 2009 is day 39 873 after
+// 30 December 1899 (109 years of 365 days, 27 leap days from 1904 to 2008, 2 days of December, 31 + 28 days).
+void TestClasseur::contenuSansFormats()
+{
+    const auto classeur = m_tableur.ajouter();
+    const Feuille feuille = classeur->feuille(1);
+    Plage plage = feuille.plage(1, 1, 1, 3);
+    plage.ecrireContenu({{QDate(2009, 3, 1), QStringLiteral("=1+1"), QVariant()}});
+    QCOMPARE(plage.contenu(), (Valeurs{{39873.0, QStringLiteral("=1+1"), QVariant()}}));
+    QCOMPARE(feuille.cellule(1, 1).valeur(), QVariant(39873.0));
+    feuille.cellule(1, 1).formatNombre(QStringLiteral("dd/mm/yyyy"));
+    QCOMPARE(feuille.cellule(1, 1).valeur().toDateTime().date(), QDate(2009, 3, 1));
+    QCOMPARE(plage.contenu().first().first(), QVariant(39873.0));
+    QVERIFY(
+        description([&] { plage.ecrireContenu({{1.0}}); }).contains(QStringLiteral("la taille de la plage")));
+}
+
+// A text of several lines makes its row grow, except in a workbook whose heights are fixed.
+void TestClasseur::hauteursFigees()
+{
+    // In points, as an independent reader finds it in the file.
+    const auto hauteur = [this](bool figees) {
+        const auto classeur = m_tableur.ajouter();
+        Feuille feuille = classeur->feuille(1);
+        feuille.renommer(QStringLiteral("F"));
+        feuille.hauteurLigne(2, 500);
+        feuille.plage(1, 1, 2, 1).renvoiALaLigne(true);
+        if (figees)
+            classeur->figerHauteurs();
+        feuille.cellule(1, 1).ecrire(QStringLiteral("un mot puis un autre ").repeated(10));
+        const QString fichier = chemin(figees ? "figees.xls" : "libres.xls");
+        classeur->enregistrerSous(fichier);
+        return ClasseurLu(fichier).feuille("F")["hauteurs"].toObject()[QLatin1String("1")].toDouble();
+    };
+    QVERIFY(hauteur(true) > 0);
+    QVERIFY(hauteur(false) > 2 * hauteur(true));
 }
 
 void TestClasseur::uneValeurPartout()
