@@ -8,6 +8,10 @@
 #include <optional>
 #include <QString>
 
+class Graphique;
+class ZoneTexte;
+struct Cadre;
+
 // Rows and columns count from 1, as in the spreadsheet. A handle: copies speak of the same sheet.
 class Feuille
 {
@@ -46,6 +50,14 @@ public:
     void zoneImpression(const Plage &plage);
     // Hides the sheet, or shows it again.
     void cacher(bool oui);
+
+    // A chart by its name (see Graphique.h), a text box by its name (ZoneTexte.h); an absent one is an Erreur.
+    Graphique graphique(const QString &nom) const;
+    ZoneTexte zoneTexte(const QString &nom) const;
+    bool aZoneTexte(const QString &nom) const;
+    // Makes an empty chart, a text box; the place in hundredths of a millimetre from the sheet's corner.
+    Graphique ajouterGraphique(const QString &nom, const Cadre &cadre);
+    ZoneTexte ajouterZoneTexte(const QString &nom, const Cadre &cadre);
 
     const Donnees &donnees() const { return *m_donnees; }
 

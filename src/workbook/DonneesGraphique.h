@@ -1,0 +1,140 @@
+// What stands behind Graphique, SerieGraphique, AxeGraphique and ZoneTexte.
+// Needs the headers of the office: included by the sources of this folder only.
+#pragma once
+
+#include "workbook/DonneesClasseur.h"
+#include "workbook/SerieGraphique.h"
+
+#include <com/sun/star/beans/XMultiPropertySet.hpp>
+#include <com/sun/star/chart2/data/XDataProvider.hpp>
+#include <com/sun/star/chart2/data/XLabeledDataSequence.hpp>
+#include <com/sun/star/chart2/XChartDocument.hpp>
+#include <com/sun/star/chart2/XCoordinateSystem.hpp>
+#include <com/sun/star/chart2/XDataSeries.hpp>
+#include <com/sun/star/chart2/XTitled.hpp>
+#include <com/sun/star/drawing/LineDash.hpp>
+#include <com/sun/star/drawing/LineStyle.hpp>
+#include <com/sun/star/drawing/XDrawPage.hpp>
+#include <com/sun/star/drawing/XShape.hpp>
+#include <com/sun/star/frame/XModel.hpp>
+#include <map>
+#include <vector>
+
+// One element as a sequence.
+template <class T> css::uno::Sequence<T> seule(const T &element)
+{
+    return {&element, 1};
+}
+
+// The drawn objects of a sheet.
+css::uno::Reference<css::drawing::XDrawPage> dessinsDe(const Feuille::Donnees &feuille);
+
+enum NumeroGraphique {
+    GraphiqueAbsent = 60,
+    SerieAbsente,
+    AxeAbsent,
+    ZoneAbsente,
+    CouleurInconnue,
+    PointInconnu,
+    NomPris
+};
+
+// Properties set together in one message; the application wants their names in order.
+class Reglages
+{
+public:
+    Reglages &mettre(const char *nom, const css::uno::Any &valeur)
+    {
+        m_valeurs[rtl::OUString::createFromAscii(nom)] = valeur;
+        return *this;
+    }
+    template <class T> Reglages &mettre(const char *nom, const T &valeur)
+    {
+        return mettre(nom, css::uno::Any(valeur));
+    }
+    void appliquer(const css::uno::Reference<css::uno::XInterface> &objet) const
+    {
+        appliquer(css::uno::Reference<css::beans::XMultiPropertySet>(objet, css::uno::UNO_QUERY_THROW));
+    }
+    void appliquer(const css::uno::Reference<css::beans::XMultiPropertySet> &objet) const;
+
+private:
+    std::map<rtl::OUString, css::uno::Any> m_valeurs;
+};
+
+class SerieGraphique::Donnees
+{
+public:
+    css::uno::Reference<css::chart2::XDataSeries> objet;
+    css::uno::Reference<css::beans::XMultiPropertySet> reglages; // the same object
+    TypeSerie type = TypeSerie::Ligne;
+    int groupe = 1;
+
+    // The values with their label; made when the series has none yet.
+    const css::uno::Reference<css::chart2::data::XLabeledDataSequence> &valeurs(const Graphique::Donnees &g);
+    // Property of the series.
+    css::uno::Any lire(const char *nom) const;
+
+private:
+    css::uno::Reference<css::chart2::data::XLabeledDataSequence> m_valeurs;
+};
+
+class Graphique::Donnees
+{
+public:
+    Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille, QString nomGraphique,
+            const css::uno::Reference<css::drawing::XShape> &objetDessin,
+            const css::uno::Reference<css::uno::XInterface> &modele);
+
+    template <class F> std::invoke_result_t<F> appeler(F &&appels) const
+    {
+        return feuille->appeler(std::forward<F>(appels));
+    }
+    // An object of the chart library, by its name after "com.sun.star.chart2.".
+    css::uno::Reference<css::uno::XInterface> creer(const char *service) const;
+    // A range as a sequence of values of this role ("values-y"); with a label on `nom` if given.
+    css::uno::Reference<css::chart2::data::XDataSequence> suite(const Plage &cellules,
+                                                                const char *role) const;
+    // Key of a number format in the chart's own table; the English form.
+    sal_Int32 cleFormat(const QString &format) const;
+    QString formatDeCle(sal_Int32 cle) const;
+
+    // Puts the series among those of its type and axis group, in the order in which they are drawn.
+    void ranger(SerieGraphique::Donnees &serie);
+    void oter(SerieGraphique::Donnees &serie);
+    void oublierAxeVide();
+    css::uno::Reference<css::chart2::XAxis> axe(TypeAxe type, int groupe) const; // empty without
+    css::uno::Reference<css::beans::XPropertySet> diagramme() const;
+
+    std::shared_ptr<Feuille::Donnees> feuille;
+    QString nom;
+    css::uno::Reference<css::drawing::XShape> forme;
+    css::uno::Reference<css::frame::XModel> modele;
+    css::uno::Reference<css::chart2::XChartDocument> document;
+    css::uno::Reference<css::chart2::XCoordinateSystem> repere;
+    css::uno::Reference<css::chart2::data::XDataProvider> source;
+    std::vector<std::shared_ptr<SerieGraphique::Donnees>> series;
+    QString abscisses; // address of the categories, once set
+
+private:
+    void lireSeries();
+};
+
+// A title of the chart or of an axis.
+void ecrireTitre(const Graphique::Donnees &graphique,
+                 const css::uno::Reference<css::uno::XInterface> &porteur, const QString &texte,
+                 bool vertical);
+QString lireTitre(const css::uno::Reference<css::uno::XInterface> &porteur);
+
+// "LineStyle", "LineColor", "LineWidth", "LineDash" of a line, under other names for edges.
+struct NomsTrait {
+    const char *style;
+    const char *couleur;
+    const char *epaisseur;
+    const char *tirets;
+};
+void mettreTrait(Reglages &reglages, const AspectTrait &aspect, const NomsTrait &noms);
+constexpr NomsTrait TRAIT_ORDINAIRE{"LineStyle", "LineColor", "LineWidth", "LineDash"};
+constexpr NomsTrait TRAIT_COURBE{"LineStyle", "Color", "LineWidth", "LineDash"};
+constexpr NomsTrait TRAIT_BORD{"BorderStyle", "BorderColor", "BorderWidth", "BorderDash"};
+void mettreFond(Reglages &reglages, Couleur couleur, const char *nomCouleur);

@@ -1,0 +1,479 @@
+#include "workbook/Graphique.h"
+
+#include "workbook/AxeGraphique.h"
+#include "workbook/DonneesGraphique.h"
+
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/chart/ChartAxisPosition.hpp>
+#include <com/sun/star/chart/ChartLegendExpansion.hpp>
+#include <com/sun/star/chart/MissingValueTreatment.hpp>
+#include <com/sun/star/chart2/AxisType.hpp>
+#include <com/sun/star/chart2/LegendPosition.hpp>
+#include <com/sun/star/chart2/RelativePosition.hpp>
+#include <com/sun/star/chart2/RelativeSize.hpp>
+#include <com/sun/star/chart2/StackingDirection.hpp>
+#include <com/sun/star/chart2/XChartTypeContainer.hpp>
+#include <com/sun/star/chart2/XCoordinateSystemContainer.hpp>
+#include <com/sun/star/chart2/XDataSeriesContainer.hpp>
+#include <com/sun/star/chart2/XFormattedString.hpp>
+#include <com/sun/star/chart2/XLegend.hpp>
+#include <com/sun/star/chart2/XTitle.hpp>
+#include <com/sun/star/lang/XMultiComponentFactory.hpp>
+#include <com/sun/star/util/XNumberFormats.hpp>
+#include <com/sun/star/util/XNumberFormatsSupplier.hpp>
+
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::Sequence;
+using css::uno::UNO_QUERY_THROW;
+
+namespace
+{
+constexpr char PREFIXE[] = "com.sun.star.chart2.";
+
+// The chart library's own kind of a series, and how series of the kind stand on each other. In the order of drawing:
+// what comes later covers what comes before.
+struct Genre {
+    const char *service;
+    css::chart2::StackingDirection empilement;
+    int rang;
+};
+
+Genre genre(TypeSerie type)
+{
+    switch (type) {
+    case TypeSerie::AireEmpilee:
+        return {"AreaChartType", css::chart2::StackingDirection_Y_STACKING, 0};
+    case TypeSerie::HistogrammeEmpile:
+        return {"ColumnChartType", css::chart2::StackingDirection_Y_STACKING, 1};
+    case TypeSerie::Histogramme:
+        return {"ColumnChartType", css::chart2::StackingDirection_NO_STACKING, 1};
+    case TypeSerie::Ligne:
+        return {"LineChartType", css::chart2::StackingDirection_NO_STACKING, 2};
+    case TypeSerie::NuagePoints:
+        return {"ScatterChartType", css::chart2::StackingDirection_NO_STACKING, 3};
+    }
+    return {"LineChartType", css::chart2::StackingDirection_NO_STACKING, 2};
+}
+
+int rangDe(const QString &service)
+{
+    if (service.contains(QLatin1String("Area")))
+        return 0;
+    if (service.contains(QLatin1String("Column")))
+        return 1;
+    return service.contains(QLatin1String("Scatter")) ? 3 : 2;
+}
+
+TypeSerie typeDe(const QString &service, css::chart2::StackingDirection empilement)
+{
+    switch (rangDe(service)) {
+    case 0:
+        return TypeSerie::AireEmpilee;
+    case 1:
+        return empilement == css::chart2::StackingDirection_Y_STACKING ? TypeSerie::HistogrammeEmpile
+                                                                       : TypeSerie::Histogramme;
+    case 3:
+        return TypeSerie::NuagePoints;
+    default:
+        return TypeSerie::Ligne;
+    }
+}
+
+Reference<css::chart2::XChartTypeContainer> typesDe(const Graphique::Donnees &donnees)
+{
+    return {donnees.repere, UNO_QUERY_THROW};
+}
+
+Reference<css::chart2::XTitle> titreDe(const Reference<css::uno::XInterface> &porteur)
+{
+    return Reference<css::chart2::XTitled>(porteur, UNO_QUERY_THROW)->getTitleObject();
+}
+} // namespace
+
+Graphique::Donnees::Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille, QString nomGraphique,
+                            const Reference<css::drawing::XShape> &objetDessin,
+                            const Reference<css::uno::XInterface> &modeleGraphique)
+    : feuille(std::move(donneesFeuille)), nom(std::move(nomGraphique)), forme(objetDessin),
+      modele(modeleGraphique, UNO_QUERY_THROW), document(modeleGraphique, UNO_QUERY_THROW)
+{
+    const Reference<css::chart2::XCoordinateSystemContainer> reperes(document->getFirstDiagram(),
+                                                                     UNO_QUERY_THROW);
+    const auto tous = reperes->getCoordinateSystems();
+    if (!tous.hasElements())
+        throw Erreur(GraphiqueAbsent, QStringLiteral("Le graphique « %1 » n'a pas d'axes.").arg(nom));
+    repere = tous[0];
+    source = document->getDataProvider();
+    lireSeries();
+}
+
+// The numbers of the series: the file gives those of the primary axes first, each axis group by types.
+void Graphique::Donnees::lireSeries()
+{
+    std::vector<std::shared_ptr<SerieGraphique::Donnees>> secondaires;
+    for (const auto &type : typesDe(*this)->getChartTypes()) {
+        const QString service = versQt(type->getChartType());
+        const Reference<css::chart2::XDataSeriesContainer> contenu(type, UNO_QUERY_THROW);
+        for (const auto &objet : contenu->getDataSeries()) {
+            auto serie = std::make_shared<SerieGraphique::Donnees>();
+            serie->objet = objet;
+            serie->reglages.set(objet, UNO_QUERY_THROW);
+            sal_Int32 axe = 0;
+            serie->lire("AttachedAxisIndex") >>= axe;
+            auto empilement = css::chart2::StackingDirection_NO_STACKING;
+            serie->lire("StackingDirection") >>= empilement;
+            serie->type = typeDe(service, empilement);
+            serie->groupe = axe == 1 ? 2 : 1;
+            (axe == 1 ? secondaires : series).push_back(serie);
+        }
+    }
+    series.insert(series.end(), secondaires.begin(), secondaires.end());
+}
+
+Reference<css::uno::XInterface> Graphique::Donnees::creer(const char *service) const
+{
+    const auto &contexte = feuille->classeur->instance->contexte();
+    return contexte->getServiceManager()->createInstanceWithContext(
+        rtl::OUString::createFromAscii(PREFIXE) + rtl::OUString::createFromAscii(service), contexte);
+}
+
+Reference<css::chart2::data::XDataSequence> Graphique::Donnees::suite(const Plage &cellules,
+                                                                      const char *role) const
+{
+    rtl::OUString adresse;
+    cellules.donnees().lire("AbsoluteName") >>= adresse;
+    const auto valeurs = source->createDataSequenceByRangeRepresentation(adresse);
+    Reference<css::beans::XPropertySet>(valeurs, UNO_QUERY_THROW)
+        ->setPropertyValue("Role", Any(rtl::OUString::createFromAscii(role)));
+    return valeurs;
+}
+
+sal_Int32 Graphique::Donnees::cleFormat(const QString &format) const
+{
+    const css::lang::Locale anglais("en", "US", rtl::OUString());
+    const css::lang::Locale sien;
+    return Reference<css::util::XNumberFormatsSupplier>(document, UNO_QUERY_THROW)
+        ->getNumberFormats()
+        ->addNewConverted(versUno(format), anglais, sien);
+}
+
+QString Graphique::Donnees::formatDeCle(sal_Int32 cle) const
+{
+    rtl::OUString format;
+    Reference<css::util::XNumberFormatsSupplier>(document, UNO_QUERY_THROW)
+        ->getNumberFormats()
+        ->getByKey(cle)
+        ->getPropertyValue("FormatString") >>= format;
+    return versQt(format);
+}
+
+void Graphique::Donnees::ranger(SerieGraphique::Donnees &serie)
+{
+    const Genre voulu = genre(serie.type);
+    Reglages()
+        .mettre("AttachedAxisIndex", static_cast<sal_Int32>(serie.groupe - 1))
+        .mettre("StackingDirection", voulu.empilement)
+        .appliquer(serie.reglages);
+    // A secondary axis is there for its series only.
+    if (serie.groupe == 2 && !axe(TypeAxe::Valeur, 2).is()) {
+        const Reference<css::chart2::XAxis> nouvel(creer("Axis"), UNO_QUERY_THROW);
+        Reglages()
+            .mettre("CrossoverPosition", css::chart::ChartAxisPosition_END)
+            .mettre("Show", true)
+            .appliquer(nouvel);
+        css::chart2::ScaleData echelle = nouvel->getScaleData();
+        echelle.AxisType = css::chart2::AxisType::REALNUMBER;
+        nouvel->setScaleData(echelle);
+        repere->setAxisByDimension(1, nouvel, 1);
+    }
+    // Series of one type and one axis group stand together.
+    std::vector<Reference<css::chart2::XChartType>> types;
+    for (const auto &type : typesDe(*this)->getChartTypes())
+        types.push_back(type);
+    const rtl::OUString service =
+        rtl::OUString::createFromAscii(PREFIXE) + rtl::OUString::createFromAscii(voulu.service);
+    for (const auto &type : types) {
+        if (type->getChartType() != service)
+            continue;
+        const Reference<css::chart2::XDataSeriesContainer> contenu(type, UNO_QUERY_THROW);
+        const auto presentes = contenu->getDataSeries();
+        if (presentes.hasElements()) {
+            const auto voisine = std::find_if(series.begin(), series.end(),
+                                              [&](const auto &s) { return s->objet == presentes[0]; });
+            if (voisine == series.end() || (*voisine)->groupe != serie.groupe ||
+                (*voisine)->type != serie.type)
+                continue;
+        }
+        contenu->addDataSeries(serie.objet);
+        return;
+    }
+    const Reference<css::chart2::XChartType> nouveau(creer(voulu.service), UNO_QUERY_THROW);
+    Reference<css::chart2::XDataSeriesContainer>(nouveau, UNO_QUERY_THROW)->addDataSeries(serie.objet);
+    const auto apres = std::find_if(types.begin(), types.end(), [&](const auto &type) {
+        return rangDe(versQt(type->getChartType())) > voulu.rang;
+    });
+    types.insert(apres, nouveau);
+    typesDe(*this)->setChartTypes({types.data(), static_cast<sal_Int32>(types.size())});
+}
+
+void Graphique::Donnees::oter(SerieGraphique::Donnees &serie)
+{
+    const auto types = typesDe(*this);
+    for (const auto &type : types->getChartTypes()) {
+        const Reference<css::chart2::XDataSeriesContainer> contenu(type, UNO_QUERY_THROW);
+        const auto presentes = contenu->getDataSeries();
+        if (std::find(presentes.begin(), presentes.end(), serie.objet) == presentes.end())
+            continue;
+        contenu->removeDataSeries(serie.objet);
+        // The last one stays, empty: a chart without any type has no axes.
+        if (presentes.getLength() == 1 && types->getChartTypes().getLength() > 1)
+            types->removeChartType(type);
+        return;
+    }
+}
+
+void Graphique::Donnees::oublierAxeVide()
+{
+    const bool sert = std::any_of(series.begin(), series.end(), [](const auto &s) { return s->groupe == 2; });
+    if (!sert && axe(TypeAxe::Valeur, 2).is())
+        repere->setAxisByDimension(1, nullptr, 1);
+}
+
+Reference<css::chart2::XAxis> Graphique::Donnees::axe(TypeAxe type, int groupe) const
+{
+    const sal_Int32 dimension = type == TypeAxe::Categorie ? 0 : 1;
+    if (groupe < 1 || groupe - 1 > repere->getMaximumAxisIndexByDimension(dimension))
+        return {};
+    return repere->getAxisByDimension(dimension, groupe - 1);
+}
+
+Reference<css::beans::XPropertySet> Graphique::Donnees::diagramme() const
+{
+    return {document->getFirstDiagram(), UNO_QUERY_THROW};
+}
+
+void ecrireTitre(const Graphique::Donnees &graphique, const Reference<css::uno::XInterface> &porteur,
+                 const QString &texte, bool vertical)
+{
+    const Reference<css::chart2::XTitled> titre(porteur, UNO_QUERY_THROW);
+    if (texte.isEmpty()) {
+        titre->setTitleObject(nullptr);
+        return;
+    }
+    Reference<css::chart2::XTitle> objet = titre->getTitleObject();
+    const bool nouveau = !objet.is();
+    if (nouveau) {
+        objet.set(graphique.creer("Title"), UNO_QUERY_THROW);
+        if (vertical)
+            Reglages().mettre("TextRotation", 90.0).appliquer(objet);
+    }
+    // The look of its first characters holds for all of it.
+    const auto anciens = objet->getText();
+    const Reference<css::chart2::XFormattedString> morceau =
+        anciens.hasElements()
+            ? anciens[0]
+            : Reference<css::chart2::XFormattedString>(graphique.creer("FormattedString"), UNO_QUERY_THROW);
+    morceau->setString(versUno(texte));
+    objet->setText(seule(morceau));
+    if (nouveau)
+        titre->setTitleObject(objet);
+}
+
+QString lireTitre(const Reference<css::uno::XInterface> &porteur)
+{
+    const auto objet = titreDe(porteur);
+    QString texte;
+    if (objet.is())
+        for (const auto &morceau : objet->getText())
+            texte += versQt(morceau->getString());
+    return texte;
+}
+
+Graphique::Suspension::Suspension(const Graphique &graphique) : m_donnees(graphique.m_donnees)
+{
+    m_donnees->appeler([this] { m_donnees->modele->lockControllers(); });
+}
+
+Graphique::Suspension::~Suspension()
+{
+    try {
+        m_donnees->appeler([this] { m_donnees->modele->unlockControllers(); });
+    } catch (const Erreur &) {
+        // The application is gone, and the chart with it.
+    }
+}
+
+Graphique::Graphique(std::shared_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
+
+QString Graphique::nom() const
+{
+    return m_donnees->nom;
+}
+
+int Graphique::nombreSeries() const
+{
+    return static_cast<int>(m_donnees->series.size());
+}
+
+SerieGraphique Graphique::serie(int numero) const
+{
+    if (numero < 1 || numero > nombreSeries())
+        throw Erreur(
+            SerieAbsente,
+            QStringLiteral("Le graphique « %1 » n'a pas de série n° %2.").arg(m_donnees->nom).arg(numero));
+    return {m_donnees, m_donnees->series[static_cast<size_t>(numero - 1)]};
+}
+
+bool Graphique::aSerie(const QString &nom) const
+{
+    return std::any_of(m_donnees->series.begin(), m_donnees->series.end(),
+                       [&](const auto &s) { return SerieGraphique(m_donnees, s).nom() == nom; });
+}
+
+SerieGraphique Graphique::serie(const QString &nom) const
+{
+    for (const auto &serie : m_donnees->series)
+        if (const SerieGraphique trouvee(m_donnees, serie); trouvee.nom() == nom)
+            return trouvee;
+    throw Erreur(SerieAbsente,
+                 QStringLiteral("Le graphique « %1 » n'a pas de série « %2 ».").arg(m_donnees->nom, nom));
+}
+
+SerieGraphique Graphique::nouvelleSerie(TypeSerie type, int groupeAxes)
+{
+    return m_donnees->appeler([&] {
+        auto serie = std::make_shared<SerieGraphique::Donnees>();
+        serie->objet.set(m_donnees->creer("DataSeries"), UNO_QUERY_THROW);
+        serie->reglages.set(serie->objet, UNO_QUERY_THROW);
+        serie->type = type;
+        serie->groupe = groupeAxes;
+        m_donnees->ranger(*serie);
+        m_donnees->series.push_back(serie);
+        return SerieGraphique(m_donnees, serie);
+    });
+}
+
+void Graphique::supprimerSeries(const QVector<int> &numeros)
+{
+    QVector<SerieGraphique> series;
+    for (const int numero : numeros)
+        series.append(serie(numero));
+    for (SerieGraphique &serie : series)
+        serie.supprimer();
+}
+
+bool Graphique::aAxeSecondaire() const
+{
+    return m_donnees->appeler([this] { return m_donnees->axe(TypeAxe::Valeur, 2).is(); });
+}
+
+void Graphique::titre(const QString &texte)
+{
+    m_donnees->appeler([&] { ecrireTitre(*m_donnees, m_donnees->document, texte, false); });
+}
+
+QString Graphique::titre() const
+{
+    return m_donnees->appeler([this] { return lireTitre(m_donnees->document); });
+}
+
+void Graphique::legende(bool oui, PlaceLegende place)
+{
+    m_donnees->appeler([&] {
+        const auto diagramme = m_donnees->document->getFirstDiagram();
+        if (!oui) {
+            diagramme->setLegend(nullptr);
+            return;
+        }
+        if (!diagramme->getLegend().is())
+            diagramme->setLegend(
+                Reference<css::chart2::XLegend>(m_donnees->creer("Legend"), UNO_QUERY_THROW));
+        using css::chart2::LegendPosition;
+        const bool enLigne = place == PlaceLegende::Bas || place == PlaceLegende::Haut;
+        auto cote = css::chart2::LegendPosition_PAGE_END;
+        if (place == PlaceLegende::Haut)
+            cote = css::chart2::LegendPosition_PAGE_START;
+        else if (place == PlaceLegende::Gauche)
+            cote = css::chart2::LegendPosition_LINE_START;
+        else if (place == PlaceLegende::Droite)
+            cote = css::chart2::LegendPosition_LINE_END;
+        Reglages()
+            .mettre("Show", true)
+            .mettre("AnchorPosition", cote)
+            .mettre("Expansion",
+                    enLigne ? css::chart::ChartLegendExpansion_WIDE : css::chart::ChartLegendExpansion_HIGH)
+            .appliquer(diagramme->getLegend());
+    });
+}
+
+bool Graphique::aLegende() const
+{
+    return m_donnees->appeler([this] { return m_donnees->document->getFirstDiagram()->getLegend().is(); });
+}
+
+void Graphique::taillePoliceLegende(double points)
+{
+    m_donnees->appeler([&] {
+        const auto legende = m_donnees->document->getFirstDiagram()->getLegend();
+        if (legende.is())
+            Reglages().mettre("CharHeight", static_cast<float>(points)).appliquer(legende);
+    });
+}
+
+void Graphique::zoneTracage(const Cadre &cadre)
+{
+    m_donnees->appeler([&] {
+        const css::awt::Size taille = m_donnees->forme->getSize();
+        css::chart2::RelativePosition place;
+        place.Primary = static_cast<double>(cadre.x) / taille.Width;
+        place.Secondary = static_cast<double>(cadre.y) / taille.Height;
+        place.Anchor = css::drawing::Alignment_TOP_LEFT;
+        css::chart2::RelativeSize etendue;
+        etendue.Primary = static_cast<double>(cadre.largeur) / taille.Width;
+        etendue.Secondary = static_cast<double>(cadre.hauteur) / taille.Height;
+        Reglages()
+            .mettre("PosSizeExcludeAxes", true)
+            .mettre("RelativePosition", place)
+            .mettre("RelativeSize", etendue)
+            .appliquer(m_donnees->document->getFirstDiagram());
+    });
+}
+
+void Graphique::fondZoneTracage(Couleur fond, const AspectTrait &bord)
+{
+    m_donnees->appeler([&] {
+        Reglages reglages;
+        mettreFond(reglages, fond, "FillColor");
+        mettreTrait(reglages, bord, TRAIT_ORDINAIRE);
+        reglages.appliquer(m_donnees->document->getFirstDiagram()->getWall());
+    });
+}
+
+void Graphique::fond(Couleur couleur, const AspectTrait &bord)
+{
+    m_donnees->appeler([&] {
+        Reglages reglages;
+        mettreFond(reglages, couleur, "FillColor");
+        mettreTrait(reglages, bord, TRAIT_ORDINAIRE);
+        reglages.appliquer(m_donnees->document->getPageBackground());
+    });
+}
+
+void Graphique::relierLesTrous(bool oui)
+{
+    m_donnees->appeler([&] {
+        Reglages()
+            .mettre("MissingValueTreatment", oui ? css::chart::MissingValueTreatment::CONTINUE
+                                                 : css::chart::MissingValueTreatment::LEAVE_GAP)
+            .appliquer(m_donnees->document->getFirstDiagram());
+    });
+}
+
+Cadre Graphique::cadre() const
+{
+    return m_donnees->appeler([this] {
+        const css::awt::Point coin = m_donnees->forme->getPosition();
+        const css::awt::Size taille = m_donnees->forme->getSize();
+        return Cadre{coin.X, coin.Y, taille.Width, taille.Height};
+    });
+}

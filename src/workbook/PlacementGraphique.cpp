@@ -1,0 +1,175 @@
+// Charts of a sheet: made, found again under their name, removed.
+#include "workbook/DonneesGraphique.h"
+#include "workbook/Graphique.h"
+
+#include <com/sun/star/container/XNameAccess.hpp>
+#include <com/sun/star/lang/XServiceInfo.hpp>
+#include <com/sun/star/sheet/XCellRangeReferrer.hpp>
+#include <com/sun/star/sheet/XNamedRanges.hpp>
+#include <com/sun/star/table/XColumnRowRange.hpp>
+#include <com/sun/star/table/XTableChartsSupplier.hpp>
+
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+using css::uno::UNO_QUERY_THROW;
+
+namespace
+{
+// A defined name holds no blank.
+rtl::OUString nomDefini(const QString &nom)
+{
+    QString sans = nom;
+    return versUno(sans.replace(QLatin1Char(' '), QLatin1Char('_')));
+}
+
+Reference<css::sheet::XNamedRanges> nomsDe(const Feuille::Donnees &feuille)
+{
+    return {Reference<css::beans::XPropertySet>(feuille.objet(), UNO_QUERY_THROW)
+                ->getPropertyValue("NamedRanges"),
+            UNO_QUERY_THROW};
+}
+
+Reference<css::table::XTableCharts> graphiquesDe(const Feuille::Donnees &feuille)
+{
+    return Reference<css::table::XTableChartsSupplier>(feuille.objet(), UNO_QUERY_THROW)->getCharts();
+}
+
+// Where the cell under the chart's corner stands.
+std::optional<Cadre> cadreNomme(const Feuille::Donnees &feuille, const QString &nom)
+{
+    const auto noms = nomsDe(feuille);
+    if (!noms->hasByName(nomDefini(nom)))
+        return std::nullopt;
+    const Reference<css::sheet::XCellRangeReferrer> nommee(noms->getByName(nomDefini(nom)), UNO_QUERY_THROW);
+    const Reference<css::beans::XPropertySet> cellule(nommee->getReferredCells(), UNO_QUERY);
+    if (!cellule.is())
+        return std::nullopt;
+    css::awt::Point coin;
+    css::awt::Size taille;
+    cellule->getPropertyValue("Position") >>= coin;
+    cellule->getPropertyValue("Size") >>= taille;
+    return Cadre{coin.X, coin.Y, taille.Width, taille.Height};
+}
+
+// The name of the chart's own object in this file; it changes from file to file.
+rtl::OUString nomObjet(const Reference<css::drawing::XShape> &forme)
+{
+    rtl::OUString nom;
+    Reference<css::beans::XPropertySet>(forme, UNO_QUERY_THROW)->getPropertyValue("PersistName") >>= nom;
+    return nom;
+}
+
+Reference<css::uno::XInterface> modele(const Reference<css::drawing::XShape> &forme)
+{
+    Reference<css::uno::XInterface> modele;
+    Reference<css::beans::XPropertySet>(forme, UNO_QUERY_THROW)->getPropertyValue("Model") >>= modele;
+    return modele;
+}
+
+bool estObjet(const Reference<css::drawing::XShape> &forme)
+{
+    return Reference<css::lang::XServiceInfo>(forme, UNO_QUERY_THROW)
+        ->supportsService("com.sun.star.drawing.OLE2Shape");
+}
+
+// The chart whose corner stands in this cell.
+Reference<css::drawing::XShape> formeDans(const Feuille::Donnees &feuille, const Cadre &cellule)
+{
+    // Files keep places in fractions of a cell, so that a corner comes back some hundredths beside.
+    constexpr int TOLERANCE = 50;
+    const auto page = dessinsDe(feuille);
+    for (sal_Int32 i = 0; i < page->getCount(); ++i) {
+        const Reference<css::drawing::XShape> forme(page->getByIndex(i), UNO_QUERY_THROW);
+        if (!estObjet(forme))
+            continue;
+        const css::awt::Point coin = forme->getPosition();
+        if (coin.X >= cellule.x - TOLERANCE && coin.X < cellule.x + cellule.largeur + TOLERANCE &&
+            coin.Y >= cellule.y - TOLERANCE && coin.Y < cellule.y + cellule.hauteur + TOLERANCE &&
+            graphiquesDe(feuille)->hasByName(nomObjet(forme)))
+            return forme;
+    }
+    return {};
+}
+
+// Number, from 0, of the row or column in which this position falls.
+template <class Bandes> sal_Int32 bandeA(const Bandes &bandes, int position, bool colonnes)
+{
+    sal_Int32 premiere = 0;
+    sal_Int32 derniere = bandes->getCount() - 1;
+    while (premiere < derniere) {
+        const sal_Int32 milieu = (premiere + derniere + 1) / 2;
+        css::awt::Point coin;
+        Reference<css::beans::XPropertySet>(
+            Reference<css::table::XCellRange>(bandes->getByIndex(milieu), UNO_QUERY_THROW)
+                ->getCellByPosition(0, 0),
+            UNO_QUERY_THROW)
+            ->getPropertyValue("Position") >>= coin;
+        if ((colonnes ? coin.X : coin.Y) <= position)
+            premiere = milieu;
+        else
+            derniere = milieu - 1;
+    }
+    return premiere;
+}
+} // namespace
+
+Graphique Feuille::graphique(const QString &nom) const
+{
+    return m_donnees->appeler([&] {
+        const auto cellule = cadreNomme(*m_donnees, nom);
+        const auto forme = cellule ? formeDans(*m_donnees, *cellule) : Reference<css::drawing::XShape>();
+        if (!forme.is())
+            throw Erreur(GraphiqueAbsent, QStringLiteral("La feuille n'a pas de graphique « %1 ».").arg(nom));
+        return Graphique(std::make_shared<Graphique::Donnees>(m_donnees, nom, forme, modele(forme)));
+    });
+}
+
+Graphique Feuille::ajouterGraphique(const QString &nom, const Cadre &cadre)
+{
+    return m_donnees->appeler([&] {
+        const auto noms = nomsDe(*m_donnees);
+        if (noms->hasByName(nomDefini(nom)))
+            throw Erreur(NomPris, QStringLiteral("La feuille a déjà un graphique « %1 ».").arg(nom));
+        const Reference<css::table::XColumnRowRange> bandes(m_donnees->objet(), UNO_QUERY_THROW);
+        const sal_Int32 colonne = bandeA(bandes->getColumns(), cadre.x, true);
+        const sal_Int32 ligne = bandeA(bandes->getRows(), cadre.y, false);
+
+        // Born of one cell, so that it reads from the sheet, then emptied.
+        css::table::CellRangeAddress naissance;
+        naissance.Sheet = m_donnees->rang();
+        const auto tous = graphiquesDe(*m_donnees);
+        tous->addNewByName(nomDefini(nom), {cadre.x, cadre.y, cadre.largeur, cadre.hauteur}, seule(naissance),
+                           false, false);
+        const auto page = dessinsDe(*m_donnees);
+        Reference<css::drawing::XShape> forme;
+        for (sal_Int32 i = page->getCount() - 1; i >= 0 && !forme.is(); --i) {
+            const Reference<css::drawing::XShape> dessin(page->getByIndex(i), UNO_QUERY_THROW);
+            if (estObjet(dessin) && nomObjet(dessin) == nomDefini(nom))
+                forme = dessin;
+        }
+        auto donnees = std::make_shared<Graphique::Donnees>(m_donnees, nom, forme, modele(forme));
+        const auto series = donnees->series;
+        donnees->series.clear();
+        for (const auto &serie : series)
+            donnees->oter(*serie);
+
+        const Reference<css::beans::XPropertySet> coin(m_donnees->objet()->getCellByPosition(colonne, ligne),
+                                                       UNO_QUERY_THROW);
+        rtl::OUString adresse;
+        coin->getPropertyValue("AbsoluteName") >>= adresse;
+        noms->addNewByName(nomDefini(nom), adresse,
+                           css::table::CellAddress(m_donnees->rang(), colonne, ligne), 0);
+        return Graphique(donnees);
+    });
+}
+
+void Graphique::supprimer()
+{
+    m_donnees->appeler([this] {
+        graphiquesDe(*m_donnees->feuille)->removeByName(nomObjet(m_donnees->forme));
+        const auto noms = nomsDe(*m_donnees->feuille);
+        if (noms->hasByName(nomDefini(m_donnees->nom)))
+            noms->removeByName(nomDefini(m_donnees->nom));
+    });
+}

@@ -1,0 +1,205 @@
+#include "workbook/ZoneTexte.h"
+
+#include "workbook/DonneesGraphique.h"
+
+#include <com/sun/star/awt/FontWeight.hpp>
+#include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
+#include <com/sun/star/lang/XMultiServiceFactory.hpp>
+#include <com/sun/star/style/ParagraphAdjust.hpp>
+#include <com/sun/star/text/XText.hpp>
+#include <com/sun/star/text/XTextCursor.hpp>
+
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::UNO_QUERY_THROW;
+
+class ZoneTexte::Donnees
+{
+public:
+    Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille,
+            const Reference<css::drawing::XShape> &objetDessin)
+        : feuille(std::move(donneesFeuille)), forme(objetDessin)
+    {
+    }
+    template <class F> std::invoke_result_t<F> appeler(F &&appels) const
+    {
+        return feuille->appeler(std::forward<F>(appels));
+    }
+    void regler(const Reglages &reglages) const
+    {
+        appeler([&] { reglages.appliquer(forme); });
+    }
+    Any lire(const char *nom) const
+    {
+        return appeler([&] {
+            return Reference<css::beans::XPropertySet>(forme, UNO_QUERY_THROW)
+                ->getPropertyValue(rtl::OUString::createFromAscii(nom));
+        });
+    }
+
+    std::shared_ptr<Feuille::Donnees> feuille;
+    Reference<css::drawing::XShape> forme;
+};
+
+Reference<css::drawing::XDrawPage> dessinsDe(const Feuille::Donnees &feuille)
+{
+    const Reference<css::drawing::XDrawPagesSupplier> pages(feuille.classeur->ouvert(), UNO_QUERY_THROW);
+    return {pages->getDrawPages()->getByIndex(feuille.rang()), UNO_QUERY_THROW};
+}
+
+namespace
+{
+
+// The drawn object of this name; empty without.
+Reference<css::drawing::XShape> formeNommee(const Feuille::Donnees &feuille, const QString &nom)
+{
+    const auto page = dessinsDe(feuille);
+    const rtl::OUString voulu = versUno(nom);
+    for (sal_Int32 i = 0; i < page->getCount(); ++i) {
+        const Reference<css::container::XNamed> forme(page->getByIndex(i), UNO_QUERY_THROW);
+        if (forme->getName() == voulu)
+            return Reference<css::drawing::XShape>(forme, UNO_QUERY_THROW);
+    }
+    return {};
+}
+} // namespace
+
+ZoneTexte Feuille::zoneTexte(const QString &nom) const
+{
+    return m_donnees->appeler([&] {
+        const Reference<css::drawing::XShape> forme = formeNommee(*m_donnees, nom);
+        if (!forme.is())
+            throw Erreur(ZoneAbsente, QStringLiteral("La feuille n'a pas de zone de texte « %1 ».").arg(nom));
+        return ZoneTexte(std::make_shared<ZoneTexte::Donnees>(m_donnees, forme));
+    });
+}
+
+bool Feuille::aZoneTexte(const QString &nom) const
+{
+    return m_donnees->appeler([&] { return formeNommee(*m_donnees, nom).is(); });
+}
+
+ZoneTexte Feuille::ajouterZoneTexte(const QString &nom, const Cadre &cadre)
+{
+    const auto forme = m_donnees->appeler([&] {
+        const Reference<css::lang::XMultiServiceFactory> fabrique(m_donnees->classeur->ouvert(),
+                                                                  UNO_QUERY_THROW);
+        const Reference<css::drawing::XShape> nouvelle(
+            fabrique->createInstance("com.sun.star.drawing.TextShape"), UNO_QUERY_THROW);
+        dessinsDe(*m_donnees)->add(nouvelle);
+        nouvelle->setPosition({cadre.x, cadre.y});
+        nouvelle->setSize({cadre.largeur, cadre.hauteur});
+        Reglages().mettre("TextAutoGrowHeight", false).mettre("TextAutoGrowWidth", false).appliquer(nouvelle);
+        Reference<css::container::XNamed>(nouvelle, UNO_QUERY_THROW)->setName(versUno(nom));
+        return nouvelle;
+    });
+    return ZoneTexte(std::make_shared<ZoneTexte::Donnees>(m_donnees, forme));
+}
+
+ZoneTexte::ZoneTexte(std::shared_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
+
+QString ZoneTexte::nom() const
+{
+    return m_donnees->appeler([this] {
+        return versQt(Reference<css::container::XNamed>(m_donnees->forme, UNO_QUERY_THROW)->getName());
+    });
+}
+
+QString ZoneTexte::texte() const
+{
+    return m_donnees->appeler([this] {
+        return versQt(Reference<css::text::XText>(m_donnees->forme, UNO_QUERY_THROW)->getString());
+    });
+}
+
+void ZoneTexte::ecrire(const QString &texte, int lignesEnGras)
+{
+    m_donnees->appeler([&] {
+        const Reference<css::text::XText> contenu(m_donnees->forme, UNO_QUERY_THROW);
+        contenu->setString(versUno(texte));
+        const auto mettreGras = [&](float graisse, const Reference<css::text::XTextCursor> &curseur) {
+            Reference<css::beans::XPropertySet>(curseur, UNO_QUERY_THROW)
+                ->setPropertyValue("CharWeight", Any(graisse));
+        };
+        const auto curseur = contenu->createTextCursor();
+        curseur->gotoStart(false);
+        curseur->gotoEnd(true);
+        mettreGras(css::awt::FontWeight::NORMAL, curseur);
+        if (lignesEnGras <= 0)
+            return;
+        const qsizetype longueur = texte.section(QLatin1Char('\n'), 0, lignesEnGras - 1).size();
+        curseur->gotoStart(false);
+        curseur->goRight(static_cast<sal_Int16>(qMin<qsizetype>(longueur, 32'767)), true);
+        mettreGras(css::awt::FontWeight::BOLD, curseur);
+    });
+}
+
+void ZoneTexte::police(const QString &nom, double points)
+{
+    m_donnees->regler(
+        Reglages().mettre("CharFontName", versUno(nom)).mettre("CharHeight", static_cast<float>(points)));
+}
+
+void ZoneTexte::couleurPolice(Couleur couleur)
+{
+    m_donnees->regler(Reglages().mettre("CharColor", static_cast<sal_Int32>(couleur.rvb())));
+}
+
+void ZoneTexte::alignement(Alignement alignement)
+{
+    auto valeur = css::style::ParagraphAdjust_LEFT;
+    if (alignement == Alignement::Centre || alignement == Alignement::Milieu)
+        valeur = css::style::ParagraphAdjust_CENTER;
+    else if (alignement == Alignement::Droite)
+        valeur = css::style::ParagraphAdjust_RIGHT;
+    m_donnees->regler(Reglages().mettre("ParaAdjust", static_cast<sal_Int16>(valeur)));
+}
+
+void ZoneTexte::fond(Couleur couleur)
+{
+    Reglages reglages;
+    mettreFond(reglages, couleur, "FillColor");
+    m_donnees->regler(reglages);
+}
+
+void ZoneTexte::bord(const AspectTrait &aspect)
+{
+    Reglages reglages;
+    mettreTrait(reglages, aspect, TRAIT_ORDINAIRE);
+    m_donnees->regler(reglages);
+}
+
+void ZoneTexte::montrer(bool oui)
+{
+    m_donnees->regler(Reglages().mettre("Visible", oui));
+}
+
+bool ZoneTexte::visible() const
+{
+    bool oui = true;
+    m_donnees->lire("Visible") >>= oui;
+    return oui;
+}
+
+Cadre ZoneTexte::cadre() const
+{
+    return m_donnees->appeler([this] {
+        const css::awt::Point coin = m_donnees->forme->getPosition();
+        const css::awt::Size taille = m_donnees->forme->getSize();
+        return Cadre{coin.X, coin.Y, taille.Width, taille.Height};
+    });
+}
+
+void ZoneTexte::placer(const Cadre &cadre)
+{
+    m_donnees->appeler([&] {
+        m_donnees->forme->setPosition({cadre.x, cadre.y});
+        m_donnees->forme->setSize({cadre.largeur, cadre.hauteur});
+    });
+}
+
+void ZoneTexte::supprimer()
+{
+    m_donnees->appeler([this] { dessinsDe(*m_donnees->feuille)->remove(m_donnees->forme); });
+}
