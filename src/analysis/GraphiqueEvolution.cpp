@@ -1,0 +1,152 @@
+#include "analysis/GraphiqueEvolution.h"
+
+#include "analysis/DispositionEvolution.h"
+#include "workbook/AxeGraphique.h"
+#include "workbook/Feuille.h"
+#include "workbook/SerieGraphique.h"
+#include "workbook/ZoneTexte.h"
+
+using namespace DispositionEvolution;
+
+namespace
+{
+// The remark codes whose points are marked.
+constexpr int CODE_CERCLE = 2;
+constexpr int CODE_CROIX = 3;
+constexpr int ROUGE = 3; // ColorIndex
+constexpr int TAILLE_MARQUE = 9;
+
+struct Emploi {
+    SerieEvolution serie;
+    int colonne;
+    bool sert;
+};
+
+// In the order in which what is not used is removed.
+QVector<Emploi> emplois(const DescriptionGraphiqueEvolution &d)
+{
+    return {{SERIE_BLEU, COLONNE_BANDES, d.bandes},
+            {SERIE_VERT, COLONNE_BANDES + 1, d.bandes},
+            {SERIE_JAUNE, COLONNE_BANDES + 2, d.bandes},
+            {SERIE_JAUNE_CLAIR, COLONNE_BANDES + 3, d.bandes},
+            {SERIE_ORANGE, COLONNE_BANDES + 4, d.bandes},
+            {SERIE_ORANGE_FONCE, COLONNE_BANDES + 5, d.bandes},
+            {SERIE_ROUGE, COLONNE_BANDES + 6, d.bandes},
+            {SERIE_NORME, COLONNE_NORME, d.norme},
+            {SERIE_MEDIANE, COLONNE_MEDIANE, d.mediane},
+            {SERIE_QUANTILE, COLONNE_QUANTILE, d.quantile},
+            {SERIE_SEUIL, COLONNE_SEUIL, d.seuil},
+            {SERIE_OBJECTIF_MOYEN, COLONNE_OBJECTIF_MOYEN, d.objectifMoyen},
+            {SERIE_OBJECTIF_MAXIMAL, COLONNE_OBJECTIF_MAXIMAL, d.objectifMaximal},
+            {SERIE_DEBIT, COLONNE_DEBIT, d.debit},
+            {SERIE_PLUIE, COLONNE_PLUIE, d.pluie},
+            {SERIE_COURBE_1, COLONNE_COURBE, true},
+            {SERIE_COURBE_2, COLONNE_COURBE + 1, d.deuxCourbes}};
+}
+
+class Cablage
+{
+public:
+    Cablage(Feuille &mesures, const DescriptionGraphiqueEvolution &description)
+        : m_feuille(mesures), m_description(description),
+          m_graphique(mesures.graphique(QStringLiteral("Graphique"))),
+          m_derniere(PREMIERE_LIGNE + description.lignes - 1)
+    {
+        for (int numero = 1; numero <= SERIES_EVOLUTION; ++numero)
+            m_series.append(m_graphique.serie(numero));
+    }
+
+    void cabler()
+    {
+        const Graphique::Suspension suspension(m_graphique);
+        const QVector<Emploi> tous = emplois(m_description);
+        for (const Emploi &emploi : tous)
+            if (!emploi.sert)
+                oter(emploi);
+        serie(SERIE_COURBE_1).abscisses(colonne(COLONNE_DATE));
+        for (const Emploi &emploi : tous)
+            if (emploi.sert)
+                brancher(emploi);
+        courbes();
+        axes();
+    }
+
+private:
+    SerieGraphique &serie(SerieEvolution numero) { return m_series[numero - 1]; }
+    Plage colonne(int numero) const { return m_feuille.plage(PREMIERE_LIGNE, numero, m_derniere, numero); }
+
+    void oter(const Emploi &emploi)
+    {
+        serie(emploi.serie).supprimer();
+        m_feuille.plage(LIGNE_INTITULES, emploi.colonne, m_derniere, emploi.colonne).viderContenu();
+    }
+
+    void brancher(const Emploi &emploi)
+    {
+        serie(emploi.serie).valeurs(colonne(emploi.colonne));
+        serie(emploi.serie).nommer(m_feuille.cellule(LIGNE_INTITULES, emploi.colonne));
+    }
+
+    bool secondeADroite() const
+    {
+        return m_description.deuxCourbes && !m_description.debit && !m_description.pluie;
+    }
+
+    void courbes()
+    {
+        const int nombre = m_description.deuxCourbes ? 2 : 1;
+        if (secondeADroite())
+            serie(SERIE_COURBE_2).changerGroupeAxes(2);
+        for (int courbe = 0; courbe < nombre; ++courbe) {
+            SerieGraphique &trace = serie(courbe == 0 ? SERIE_COURBE_1 : SERIE_COURBE_2);
+            if (m_description.effectifs[static_cast<size_t>(courbe)] > POINTS_AVEC_MARQUEURS) {
+                AspectMarqueur sans;
+                sans.style = Marqueur::Aucun;
+                trace.marqueur(sans);
+            }
+            for (const auto &[code, style] :
+                 {std::pair(CODE_CERCLE, Marqueur::Cercle), std::pair(CODE_CROIX, Marqueur::Croix)}) {
+                QVector<int> points;
+                for (const auto &point : m_description.points)
+                    if (point.courbe == courbe && point.code == code)
+                        points.append(point.ligne + 1);
+                trace.marqueurs(points, {style, TAILLE_MARQUE, Couleur::index(ROUGE), Couleur::aucune()});
+            }
+        }
+    }
+
+    void axes()
+    {
+        AxeGraphique dates = m_graphique.axe(TypeAxe::Categorie);
+        dates.orientation(90);
+        dates.formatNombre(QStringLiteral("dd/mm/yy"));
+        AxeGraphique gauche = m_graphique.axe(TypeAxe::Valeur);
+        EchelleAxe echelle;
+        echelle.minimum = 0;
+        echelle.maximum = m_description.echelleMaximale;
+        gauche.echelle(echelle);
+        gauche.titre(m_description.titreAxe);
+        if (!m_graphique.aAxeSecondaire())
+            return;
+        AxeGraphique droite = m_graphique.axe(TypeAxe::Valeur, 2);
+        EchelleAxe libre;
+        libre.minimum = 0;
+        droite.echelle(libre);
+        droite.titre(m_description.titreAxeSecondaire);
+    }
+
+    Feuille &m_feuille;
+    const DescriptionGraphiqueEvolution &m_description;
+    Graphique m_graphique;
+    int m_derniere;
+    QVector<SerieGraphique> m_series;
+};
+} // namespace
+
+void cablerGraphiqueEvolution(Feuille &mesures, const DescriptionGraphiqueEvolution &description)
+{
+    mesures.zoneTexte(QStringLiteral("Text Box 1"))
+        .ecrire((description.titre + description.figures).join(QLatin1Char('\n')),
+                static_cast<int>(description.titre.size()));
+    Cablage(mesures, description).cabler();
+}
