@@ -1,6 +1,8 @@
 #include "frame/RegistreEcrans.h"
 
 #include "analysis/ecrans/F_Concentrations_PC.h"
+#include "capture/ecrans/F_Saisie_Commune.h"
+#include "capture/ecrans/F_Saisie_Departement.h"
 #include "exchange/ecrans/ControleurImport.h"
 #include "exchange/ecrans/F_Import_physico.h"
 #include "exchange/ecrans/F_Import_phyto.h"
@@ -56,6 +58,8 @@ const QList<EntreeRegistre> &registreEcrans()
         commande(u"mnu_sauv_coul", CommandesMaintenance::sauvegarderCouleurs),
         commande(u"mnu_rest_coul", CommandesMaintenance::restaurerCouleurs),
         ecran<F_couleurs>(u"mnu_mod_coul"),
+        ecran<F_Saisie_Commune>(u"m_commune"),
+        ecran<F_Saisie_Departement>(u"m_departement"),
         commande(u"mnu_trans_res", CommandesMaintenance::transposerReseaux),
     };
     return registre;
