@@ -2,9 +2,9 @@
 
 #include "analysis/DispositionEvolution.h"
 #include "workbook/AxeGraphique.h"
+#include "workbook/BoiteTexte.h"
 #include "workbook/Feuille.h"
 #include "workbook/SerieGraphique.h"
-#include "workbook/ZoneTexte.h"
 
 using namespace DispositionEvolution;
 
@@ -110,7 +110,7 @@ private:
                 for (const auto &point : m_description.points)
                     if (point.courbe == courbe && point.code == code)
                         points.append(point.ligne + 1);
-                trace.marqueurs(points, {style, TAILLE_MARQUE, Couleur::index(ROUGE), Couleur::aucune()});
+                trace.marqueurs(points, {style, TAILLE_MARQUE, Teinte::index(ROUGE), Teinte::aucune()});
             }
         }
     }

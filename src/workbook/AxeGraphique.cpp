@@ -259,7 +259,7 @@ void AxeGraphique::afficher(bool oui)
     m_donnees->regler(Reglages().mettre("Show", oui));
 }
 
-void AxeGraphique::quadrillage(bool oui, Couleur couleur)
+void AxeGraphique::quadrillage(bool oui, Teinte couleur)
 {
     m_donnees->appeler([&] {
         Reglages reglages;
@@ -270,7 +270,7 @@ void AxeGraphique::quadrillage(bool oui, Couleur couleur)
     });
 }
 
-void AxeGraphique::couleur(Couleur couleur)
+void AxeGraphique::couleur(Teinte couleur)
 {
     Reglages reglages;
     mettreTrait(reglages, {StyleTrait::Continu, couleur, EpaisseurTrait::Filet}, TRAIT_ORDINAIRE);

@@ -50,8 +50,8 @@ public:
     void titre(const QString &texte);
     QString titre() const;
     void afficher(bool oui);
-    void quadrillage(bool oui, Couleur couleur = Couleur::automatique());
-    void couleur(Couleur couleur);
+    void quadrillage(bool oui, Teinte couleur = Teinte::automatique());
+    void couleur(Teinte couleur);
 
 private:
     std::shared_ptr<Donnees> m_donnees;

@@ -1,4 +1,4 @@
-// What stands behind Graphique, SerieGraphique, AxeGraphique and ZoneTexte.
+// What stands behind Graphique, SerieGraphique, AxeGraphique and BoiteTexte.
 // Needs the headers of the office: included by the sources of this folder only.
 #pragma once
 
@@ -137,4 +137,4 @@ void mettreTrait(Reglages &reglages, const AspectTrait &aspect, const NomsTrait 
 constexpr NomsTrait TRAIT_ORDINAIRE{"LineStyle", "LineColor", "LineWidth", "LineDash"};
 constexpr NomsTrait TRAIT_COURBE{"LineStyle", "Color", "LineWidth", "LineDash"};
 constexpr NomsTrait TRAIT_BORD{"BorderStyle", "BorderColor", "BorderWidth", "BorderDash"};
-void mettreFond(Reglages &reglages, Couleur couleur, const char *nomCouleur);
+void mettreFond(Reglages &reglages, Teinte couleur, const char *nomCouleur);

@@ -9,8 +9,8 @@
 #include <QString>
 
 class Graphique;
-class ZoneTexte;
-struct Cadre;
+class BoiteTexte;
+struct CadreDessin;
 
 // Rows and columns count from 1, as in the spreadsheet. A handle: copies speak of the same sheet.
 class Feuille
@@ -51,13 +51,13 @@ public:
     // Hides the sheet, or shows it again.
     void cacher(bool oui);
 
-    // A chart by its name (see Graphique.h), a text box by its name (ZoneTexte.h); an absent one is an Erreur.
+    // A chart by its name (see Graphique.h), a text box by its name (BoiteTexte.h); an absent one is an Erreur.
     Graphique graphique(const QString &nom) const;
-    ZoneTexte zoneTexte(const QString &nom) const;
+    BoiteTexte zoneTexte(const QString &nom) const;
     bool aZoneTexte(const QString &nom) const;
     // Makes an empty chart, a text box; the place in hundredths of a millimetre from the sheet's corner.
-    Graphique ajouterGraphique(const QString &nom, const Cadre &cadre);
-    ZoneTexte ajouterZoneTexte(const QString &nom, const Cadre &cadre);
+    Graphique ajouterGraphique(const QString &nom, const CadreDessin &cadre);
+    BoiteTexte ajouterZoneTexte(const QString &nom, const CadreDessin &cadre);
 
     const Donnees &donnees() const { return *m_donnees; }
 

@@ -420,7 +420,7 @@ void Graphique::taillePoliceLegende(double points)
     });
 }
 
-void Graphique::zoneTracage(const Cadre &cadre)
+void Graphique::zoneTracage(const CadreDessin &cadre)
 {
     m_donnees->appeler([&] {
         const css::awt::Size taille = m_donnees->forme->getSize();
@@ -439,7 +439,7 @@ void Graphique::zoneTracage(const Cadre &cadre)
     });
 }
 
-void Graphique::fondZoneTracage(Couleur fond, const AspectTrait &bord)
+void Graphique::fondZoneTracage(Teinte fond, const AspectTrait &bord)
 {
     m_donnees->appeler([&] {
         Reglages reglages;
@@ -449,7 +449,7 @@ void Graphique::fondZoneTracage(Couleur fond, const AspectTrait &bord)
     });
 }
 
-void Graphique::fond(Couleur couleur, const AspectTrait &bord)
+void Graphique::fond(Teinte couleur, const AspectTrait &bord)
 {
     m_donnees->appeler([&] {
         Reglages reglages;
@@ -469,11 +469,11 @@ void Graphique::relierLesTrous(bool oui)
     });
 }
 
-Cadre Graphique::cadre() const
+CadreDessin Graphique::cadre() const
 {
     return m_donnees->appeler([this] {
         const css::awt::Point coin = m_donnees->forme->getPosition();
         const css::awt::Size taille = m_donnees->forme->getSize();
-        return Cadre{coin.X, coin.Y, taille.Width, taille.Height};
+        return CadreDessin{coin.X, coin.Y, taille.Width, taille.Height};
     });
 }

@@ -67,14 +67,14 @@ public:
     bool aLegende() const;
     void taillePoliceLegende(double points);
     // Where the plot stands in the chart, axes' labels left out; in hundredths of a millimetre from its corner.
-    void zoneTracage(const Cadre &cadre);
-    void fondZoneTracage(Couleur fond, const AspectTrait &bord);
-    void fond(Couleur couleur, const AspectTrait &bord);
+    void zoneTracage(const CadreDessin &cadre);
+    void fondZoneTracage(Teinte fond, const AspectTrait &bord);
+    void fond(Teinte couleur, const AspectTrait &bord);
     // Rows without a value: the line stops, or goes on to the next value.
     void relierLesTrous(bool oui);
 
     // In hundredths of a millimetre from the sheet's corner.
-    Cadre cadre() const;
+    CadreDessin cadre() const;
     void supprimer();
 
 private:

@@ -36,7 +36,7 @@ Reference<css::table::XTableCharts> graphiquesDe(const Feuille::Donnees &feuille
 }
 
 // Where the cell under the chart's corner stands.
-std::optional<Cadre> cadreNomme(const Feuille::Donnees &feuille, const QString &nom)
+std::optional<CadreDessin> cadreNomme(const Feuille::Donnees &feuille, const QString &nom)
 {
     const auto noms = nomsDe(feuille);
     if (!noms->hasByName(nomDefini(nom)))
@@ -49,7 +49,7 @@ std::optional<Cadre> cadreNomme(const Feuille::Donnees &feuille, const QString &
     css::awt::Size taille;
     cellule->getPropertyValue("Position") >>= coin;
     cellule->getPropertyValue("Size") >>= taille;
-    return Cadre{coin.X, coin.Y, taille.Width, taille.Height};
+    return CadreDessin{coin.X, coin.Y, taille.Width, taille.Height};
 }
 
 // The name of the chart's own object in this file; it changes from file to file.
@@ -74,7 +74,7 @@ bool estObjet(const Reference<css::drawing::XShape> &forme)
 }
 
 // The chart whose corner stands in this cell.
-Reference<css::drawing::XShape> formeDans(const Feuille::Donnees &feuille, const Cadre &cellule)
+Reference<css::drawing::XShape> formeDans(const Feuille::Donnees &feuille, const CadreDessin &cellule)
 {
     // Files keep places in fractions of a cell, so that a corner comes back some hundredths beside.
     constexpr int TOLERANCE = 50;
@@ -125,7 +125,7 @@ Graphique Feuille::graphique(const QString &nom) const
     });
 }
 
-Graphique Feuille::ajouterGraphique(const QString &nom, const Cadre &cadre)
+Graphique Feuille::ajouterGraphique(const QString &nom, const CadreDessin &cadre)
 {
     return m_donnees->appeler([&] {
         const auto noms = nomsDe(*m_donnees);
@@ -139,13 +139,15 @@ Graphique Feuille::ajouterGraphique(const QString &nom, const Cadre &cadre)
         css::table::CellRangeAddress naissance;
         naissance.Sheet = m_donnees->rang();
         const auto tous = graphiquesDe(*m_donnees);
-        tous->addNewByName(nomDefini(nom), {cadre.x, cadre.y, cadre.largeur, cadre.hauteur}, seule(naissance),
-                           false, false);
+        // The object's own name is one for the whole workbook, where each sheet may have its "Graphique".
+        const rtl::OUString objet = nomDefini(nom) + "_" + rtl::OUString::number(m_donnees->rang() + 1);
+        tous->addNewByName(objet, {cadre.x, cadre.y, cadre.largeur, cadre.hauteur}, seule(naissance), false,
+                           false);
         const auto page = dessinsDe(*m_donnees);
         Reference<css::drawing::XShape> forme;
         for (sal_Int32 i = page->getCount() - 1; i >= 0 && !forme.is(); --i) {
             const Reference<css::drawing::XShape> dessin(page->getByIndex(i), UNO_QUERY_THROW);
-            if (estObjet(dessin) && nomObjet(dessin) == nomDefini(nom))
+            if (estObjet(dessin) && nomObjet(dessin) == objet)
                 forme = dessin;
         }
         auto donnees = std::make_shared<Graphique::Donnees>(m_donnees, nom, forme, modele(forme));

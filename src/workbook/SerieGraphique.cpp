@@ -96,8 +96,8 @@ AspectMarqueur aspect(const css::chart2::Symbol &symbole)
             if (symbole.StandardSymbol == numero)
                 lu.style = marqueur;
     lu.taille = qRound(symbole.Size.Height / CENTIEMES_PAR_POINT);
-    lu.bord = Couleur::rvb(symbole.BorderColor);
-    lu.fond = Couleur::rvb(symbole.FillColor);
+    lu.bord = Teinte::rvb(symbole.BorderColor);
+    lu.fond = Teinte::rvb(symbole.FillColor);
     return lu;
 }
 
@@ -322,7 +322,7 @@ void SerieGraphique::trait(const AspectTrait &aspect)
     });
 }
 
-void SerieGraphique::remplissage(Couleur couleur)
+void SerieGraphique::remplissage(Teinte couleur)
 {
     m_graphique->appeler([&] {
         Reglages reglages;

@@ -43,7 +43,7 @@ public:
     // The line of a curve, the edge of columns and areas.
     void trait(const AspectTrait &aspect);
     // The fill of columns and areas.
-    void remplissage(Couleur couleur);
+    void remplissage(Teinte couleur);
     // Width of the gaps between columns, in hundredths of a column's width, 0 to 500; it holds for all series of the
     // same type and axis group.
     void espacement(int pourcent);

@@ -43,7 +43,7 @@ css::drawing::LineDash tirets(StyleTrait style)
 }
 } // namespace
 
-Couleur Couleur::index(int indexCouleur)
+Teinte Teinte::index(int indexCouleur)
 {
     if (indexCouleur == COULEUR_AUTOMATIQUE)
         return automatique();
@@ -52,7 +52,7 @@ Couleur Couleur::index(int indexCouleur)
     return rvb(couleurParDefaut(indexCouleur));
 }
 
-Couleur Couleur::schema(int couleurDeSchema)
+Teinte Teinte::schema(int couleurDeSchema)
 {
     constexpr int PREMIERE = 8; // 0 to 7 are the same eight colours again
     if (couleurDeSchema < 0 || couleurDeSchema > 63)
@@ -79,7 +79,7 @@ void mettreTrait(Reglages &reglages, const AspectTrait &aspect, const NomsTrait 
         reglages.mettre(noms.couleur, static_cast<sal_Int32>(aspect.couleur.rvb()));
 }
 
-void mettreFond(Reglages &reglages, Couleur couleur, const char *nomCouleur)
+void mettreFond(Reglages &reglages, Teinte couleur, const char *nomCouleur)
 {
     if (couleur.estAutomatique())
         return;

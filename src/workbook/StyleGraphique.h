@@ -30,7 +30,7 @@ enum class StyleTrait { Continu = 1, Tirets = -4115, Points = -4118, TiretPoint 
 enum class EpaisseurTrait { Filet = 1, Fin = 2, Moyen = -4138, Epais = 4 };
 
 // A rectangle in hundredths of a millimetre.
-struct Cadre {
+struct CadreDessin {
     int x = 0;
     int y = 0;
     int largeur = 0;
@@ -41,27 +41,27 @@ enum class TypeAxe { Categorie = 1, Valeur = 2 };
 
 // A colour as the automation gives it: an index of the default palette, a scheme colour, or a plain one.
 //
-//   Couleur::index(3)      // red: ColorIndex 3; -4105 is automatic, -4142 none
-//   Couleur::schema(10)    // red too: SchemeColor counts the palette from 8
-class Couleur
+//   Teinte::index(3)      // red: ColorIndex 3; -4105 is automatic, -4142 none
+//   Teinte::schema(10)    // red too: SchemeColor counts the palette from 8
+class Teinte
 {
 public:
-    static Couleur automatique() { return Couleur(Genre::Automatique, 0); }
-    static Couleur aucune() { return Couleur(Genre::Aucune, 0); }
+    static Teinte automatique() { return Teinte(Genre::Automatique, 0); }
+    static Teinte aucune() { return Teinte(Genre::Aucune, 0); }
     // 1 to 56, or -4105 (automatic), or -4142 (none); another index is an Erreur.
-    static Couleur index(int indexCouleur);
+    static Teinte index(int indexCouleur);
     // 8 to 63 for the palette's 1 to 56, 0 to 7 for its first eight; another one is an Erreur.
-    static Couleur schema(int couleurDeSchema);
-    static Couleur rvb(int rvb) { return Couleur(Genre::Rvb, rvb); } // 0xRRGGBB
+    static Teinte schema(int couleurDeSchema);
+    static Teinte rvb(int rvb) { return Teinte(Genre::Rvb, rvb); } // 0xRRGGBB
 
     bool estAutomatique() const { return m_genre == Genre::Automatique; }
     bool estAucune() const { return m_genre == Genre::Aucune; }
     int rvb() const { return m_rvb; }
-    bool operator==(const Couleur &) const = default;
+    bool operator==(const Teinte &) const = default;
 
 private:
     enum class Genre { Automatique, Aucune, Rvb };
-    Couleur(Genre genre, int rvb) : m_genre(genre), m_rvb(rvb) {}
+    Teinte(Genre genre, int rvb) : m_genre(genre), m_rvb(rvb) {}
 
     Genre m_genre;
     int m_rvb;
@@ -72,14 +72,14 @@ private:
 struct AspectMarqueur {
     Marqueur style = Marqueur::Automatique;
     int taille = 5;
-    Couleur bord = Couleur::automatique();
-    Couleur fond = Couleur::automatique();
+    Teinte bord = Teinte::automatique();
+    Teinte fond = Teinte::automatique();
 };
 
 // A line: of a series, or the edge of columns and areas. An automatic colour leaves the one it has.
 struct AspectTrait {
     StyleTrait style = StyleTrait::Continu;
-    Couleur couleur = Couleur::automatique();
+    Teinte couleur = Teinte::automatique();
     EpaisseurTrait epaisseur = EpaisseurTrait::Fin;
 };
 

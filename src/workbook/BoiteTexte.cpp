@@ -1,4 +1,4 @@
-#include "workbook/ZoneTexte.h"
+#include "workbook/BoiteTexte.h"
 
 #include "workbook/DonneesGraphique.h"
 
@@ -14,7 +14,7 @@ using css::uno::Any;
 using css::uno::Reference;
 using css::uno::UNO_QUERY_THROW;
 
-class ZoneTexte::Donnees
+class BoiteTexte::Donnees
 {
 public:
     Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille,
@@ -65,13 +65,13 @@ Reference<css::drawing::XShape> formeNommee(const Feuille::Donnees &feuille, con
 }
 } // namespace
 
-ZoneTexte Feuille::zoneTexte(const QString &nom) const
+BoiteTexte Feuille::zoneTexte(const QString &nom) const
 {
     return m_donnees->appeler([&] {
         const Reference<css::drawing::XShape> forme = formeNommee(*m_donnees, nom);
         if (!forme.is())
             throw Erreur(ZoneAbsente, QStringLiteral("La feuille n'a pas de zone de texte « %1 ».").arg(nom));
-        return ZoneTexte(std::make_shared<ZoneTexte::Donnees>(m_donnees, forme));
+        return BoiteTexte(std::make_shared<BoiteTexte::Donnees>(m_donnees, forme));
     });
 }
 
@@ -80,7 +80,7 @@ bool Feuille::aZoneTexte(const QString &nom) const
     return m_donnees->appeler([&] { return formeNommee(*m_donnees, nom).is(); });
 }
 
-ZoneTexte Feuille::ajouterZoneTexte(const QString &nom, const Cadre &cadre)
+BoiteTexte Feuille::ajouterZoneTexte(const QString &nom, const CadreDessin &cadre)
 {
     const auto forme = m_donnees->appeler([&] {
         const Reference<css::lang::XMultiServiceFactory> fabrique(m_donnees->classeur->ouvert(),
@@ -94,26 +94,26 @@ ZoneTexte Feuille::ajouterZoneTexte(const QString &nom, const Cadre &cadre)
         Reference<css::container::XNamed>(nouvelle, UNO_QUERY_THROW)->setName(versUno(nom));
         return nouvelle;
     });
-    return ZoneTexte(std::make_shared<ZoneTexte::Donnees>(m_donnees, forme));
+    return BoiteTexte(std::make_shared<BoiteTexte::Donnees>(m_donnees, forme));
 }
 
-ZoneTexte::ZoneTexte(std::shared_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
+BoiteTexte::BoiteTexte(std::shared_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
 
-QString ZoneTexte::nom() const
+QString BoiteTexte::nom() const
 {
     return m_donnees->appeler([this] {
         return versQt(Reference<css::container::XNamed>(m_donnees->forme, UNO_QUERY_THROW)->getName());
     });
 }
 
-QString ZoneTexte::texte() const
+QString BoiteTexte::texte() const
 {
     return m_donnees->appeler([this] {
         return versQt(Reference<css::text::XText>(m_donnees->forme, UNO_QUERY_THROW)->getString());
     });
 }
 
-void ZoneTexte::ecrire(const QString &texte, int lignesEnGras)
+void BoiteTexte::ecrire(const QString &texte, int lignesEnGras)
 {
     m_donnees->appeler([&] {
         const Reference<css::text::XText> contenu(m_donnees->forme, UNO_QUERY_THROW);
@@ -135,18 +135,18 @@ void ZoneTexte::ecrire(const QString &texte, int lignesEnGras)
     });
 }
 
-void ZoneTexte::police(const QString &nom, double points)
+void BoiteTexte::police(const QString &nom, double points)
 {
     m_donnees->regler(
         Reglages().mettre("CharFontName", versUno(nom)).mettre("CharHeight", static_cast<float>(points)));
 }
 
-void ZoneTexte::couleurPolice(Couleur couleur)
+void BoiteTexte::couleurPolice(Teinte couleur)
 {
     m_donnees->regler(Reglages().mettre("CharColor", static_cast<sal_Int32>(couleur.rvb())));
 }
 
-void ZoneTexte::alignement(Alignement alignement)
+void BoiteTexte::alignement(Alignement alignement)
 {
     auto valeur = css::style::ParagraphAdjust_LEFT;
     if (alignement == Alignement::Centre || alignement == Alignement::Milieu)
@@ -156,42 +156,42 @@ void ZoneTexte::alignement(Alignement alignement)
     m_donnees->regler(Reglages().mettre("ParaAdjust", static_cast<sal_Int16>(valeur)));
 }
 
-void ZoneTexte::fond(Couleur couleur)
+void BoiteTexte::fond(Teinte couleur)
 {
     Reglages reglages;
     mettreFond(reglages, couleur, "FillColor");
     m_donnees->regler(reglages);
 }
 
-void ZoneTexte::bord(const AspectTrait &aspect)
+void BoiteTexte::bord(const AspectTrait &aspect)
 {
     Reglages reglages;
     mettreTrait(reglages, aspect, TRAIT_ORDINAIRE);
     m_donnees->regler(reglages);
 }
 
-void ZoneTexte::montrer(bool oui)
+void BoiteTexte::montrer(bool oui)
 {
     m_donnees->regler(Reglages().mettre("Visible", oui));
 }
 
-bool ZoneTexte::visible() const
+bool BoiteTexte::visible() const
 {
     bool oui = true;
     m_donnees->lire("Visible") >>= oui;
     return oui;
 }
 
-Cadre ZoneTexte::cadre() const
+CadreDessin BoiteTexte::cadre() const
 {
     return m_donnees->appeler([this] {
         const css::awt::Point coin = m_donnees->forme->getPosition();
         const css::awt::Size taille = m_donnees->forme->getSize();
-        return Cadre{coin.X, coin.Y, taille.Width, taille.Height};
+        return CadreDessin{coin.X, coin.Y, taille.Width, taille.Height};
     });
 }
 
-void ZoneTexte::placer(const Cadre &cadre)
+void BoiteTexte::placer(const CadreDessin &cadre)
 {
     m_donnees->appeler([&] {
         m_donnees->forme->setPosition({cadre.x, cadre.y});
@@ -199,7 +199,7 @@ void ZoneTexte::placer(const Cadre &cadre)
     });
 }
 
-void ZoneTexte::supprimer()
+void BoiteTexte::supprimer()
 {
     m_donnees->appeler([this] { dessinsDe(*m_donnees->feuille)->remove(m_donnees->forme); });
 }

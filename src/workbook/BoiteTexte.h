@@ -6,11 +6,11 @@
 #include <memory>
 
 // A handle, got from Feuille::zoneTexte. Its name outlives the .xls file.
-class ZoneTexte
+class BoiteTexte
 {
 public:
     class Donnees;
-    explicit ZoneTexte(std::shared_ptr<Donnees> donnees);
+    explicit BoiteTexte(std::shared_ptr<Donnees> donnees);
 
     QString nom() const;
     QString texte() const;
@@ -18,16 +18,16 @@ public:
     // `lignesEnGras` lines are then bold, the others are not.
     void ecrire(const QString &texte, int lignesEnGras = 0);
     void police(const QString &nom, double points);
-    void couleurPolice(Couleur couleur);
+    void couleurPolice(Teinte couleur);
     void alignement(Alignement alignement);
-    // Couleur::aucune() leaves it transparent.
-    void fond(Couleur couleur);
+    // Teinte::aucune() leaves it transparent.
+    void fond(Teinte couleur);
     void bord(const AspectTrait &aspect);
     void montrer(bool oui);
     bool visible() const;
     // In hundredths of a millimetre from the sheet's corner.
-    Cadre cadre() const;
-    void placer(const Cadre &cadre);
+    CadreDessin cadre() const;
+    void placer(const CadreDessin &cadre);
     void supprimer();
 
 private:
