@@ -3,6 +3,8 @@
 #include "analysis/ecrans/F_Concentrations_PC.h"
 #include "capture/ecrans/F_Saisie_Commune.h"
 #include "capture/ecrans/F_Saisie_Departement.h"
+#include "capture/ecrans/F_Mesure_Hydro.h"
+#include "capture/ecrans/F_Mesure_Pluvio.h"
 #include "exchange/ecrans/ControleurImport.h"
 #include "exchange/ecrans/F_Import_physico.h"
 #include "exchange/ecrans/F_Import_phyto.h"
@@ -49,6 +51,8 @@ const QList<EntreeRegistre> &registreEcrans()
 {
     static const QList<EntreeRegistre> registre = {
         ecran<F_Concentrations_PC>(u"m_evolution_physico"),
+        ecran<F_Mesure_Hydro>(u"m_mesure_hydrom"),
+        ecran<F_Mesure_Pluvio>(u"m_mesure_pluvio"),
         ecran<F_Import_physico>(u"m_import_donnees_physico", viderCompteursImport),
         commande(u"m_import_donnees_phyto", importPhytoReuni),
         commande(u"m_import_donnees_hydro", ControleurImport::importerHydro),
