@@ -51,8 +51,10 @@ QList<Debit> lire(const DataEnvironment1 &donnees, const QString &sql)
 {
     QList<Debit> lus;
     Requete requete = donnees.executer(sql);
+    // A null is read as a null text, which would be stored as an empty one.
     while (requete.suivant())
-        lus << Debit{requete.valeur(0), requete.valeur(1), VersNombre(requete.valeur(2))};
+        lus << Debit{requete.valeur(0), requete.valeur(1).isNull() ? QVariant() : requete.valeur(1),
+                     VersNombre(requete.valeur(2))};
     return lus;
 }
 } // namespace

@@ -15,6 +15,12 @@ struct Pluie {
     QVariant commentaire;
 };
 
+// A null is read as a null text, which would be stored as an empty one.
+QVariant ouNul(const QVariant &valeur)
+{
+    return valeur.isNull() ? QVariant() : valeur;
+}
+
 QList<Pluie> lire(const DataEnvironment1 &donnees)
 {
     QList<Pluie> lues;
@@ -23,7 +29,7 @@ QList<Pluie> lire(const DataEnvironment1 &donnees)
         SeriePluvio::ordre());
     while (requete.suivant())
         lues << Pluie{requete.valeur(0).toLongLong(), requete.texte(1), VersNombre(requete.valeur(2)),
-                      requete.valeur(3)};
+                      ouNul(requete.valeur(3))};
     return lues;
 }
 
@@ -42,7 +48,7 @@ public:
             {station});
         while (requete.suivant()) {
             const qint64 numero = requete.valeur(0).toLongLong();
-            const QVariant code = requete.valeur(2);
+            const QVariant code = ouNul(requete.valeur(2));
             if (lues.contains(numero))
                 m_parNumero.insert(numero, code);
             else

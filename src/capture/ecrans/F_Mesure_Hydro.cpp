@@ -5,6 +5,7 @@
 #include "frame/Session.h"
 #include "ui_F_Mesure_Hydro.h"
 
+#include <QHeaderView>
 #include <QScopedValueRollback>
 
 F_Mesure_Hydro::F_Mesure_Hydro(Session &session, Cadre &cadre, QWidget *parent)
@@ -16,6 +17,8 @@ F_Mesure_Hydro::F_Mesure_Hydro(Session &session, Cadre &cadre, QWidget *parent)
     preparer(m_ui->cmd_valider, m_ui->cmd_fermer);
     m_ui->DBGrid1->definirTable(&m_jours, &session.dialogue);
     m_ui->DBGrid2->definirTable(&m_mois, &session.dialogue);
+    for (GrilleSaisie *une : {m_ui->DBGrid1, m_ui->DBGrid2})
+        une->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     m_ui->opt_debit_jour->setChecked(true);
     connect(m_ui->opt_debit_jour, &QAbstractButton::toggled, this, &F_Mesure_Hydro::changerOption);
     relier({m_ui->cmb_station_hydro, m_ui->txt_station_hydro, m_ui->frm_saisie, m_ui->lbl_nombre,

@@ -5,6 +5,7 @@
 #include "frame/Session.h"
 #include "ui_F_Mesure_Pluvio.h"
 
+#include <QHeaderView>
 #include <QScopedValueRollback>
 
 F_Mesure_Pluvio::F_Mesure_Pluvio(Session &session, Cadre &cadre, QWidget *parent)
@@ -14,6 +15,7 @@ F_Mesure_Pluvio::F_Mesure_Pluvio(Session &session, Cadre &cadre, QWidget *parent
     m_ui->setupUi(this);
     preparer(m_ui->cmd_valider, m_ui->cmd_fermer);
     m_ui->DBGrid1->definirTable(&m_pluies, &session.dialogue);
+    m_ui->DBGrid1->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     relier({m_ui->cmb_station, m_ui->txt_station, m_ui->frm_saisie, m_ui->lbl_nombre, m_ui->cmd_ajouter,
             m_ui->cmd_retirer, m_ui->cmd_rech, m_ui->cmd_valider, m_ui->cmd_annul, m_ui->cmd_suppr,
             m_ui->cmd_visual, m_ui->cmd_fermer},
