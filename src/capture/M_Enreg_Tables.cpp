@@ -15,6 +15,19 @@ bool confirme(Dialogue &dialogue, const QString &texte, const QString &titre, Ic
     return dialogue.question(texte, titre, {Reponse::Oui, Reponse::Non}, Reponse::Oui, icone) == Reponse::Oui;
 }
 
+Suite annuler(Dialogue &dialogue)
+{
+    dialogue.message(QStringLiteral("L'enregistrement est annulé"), QStringLiteral("Annulation"),
+                     Icone::Information);
+    return Suite::Annule;
+}
+
+Suite finir(Dialogue &dialogue, const QString &question)
+{
+    return confirme(dialogue, question, QStringLiteral("Fin de l'enregistrement")) ? Suite::Autre
+                                                                                   : Suite::Fini;
+}
+
 QString cite(const QString &nom)
 {
     return Schema::entreCrochets(nom);
@@ -51,29 +64,44 @@ Suite derouler(const DataEnvironment1 &donnees, Dialogue &dialogue, const Enregi
                                    : QStringLiteral("Etes-vous sûr de vouloir enregistrer ces informations?");
     const bool averti = e.avertissement.isEmpty() ||
                         confirme(dialogue, e.avertissement, QStringLiteral("Attention"), Icone::Exclamation);
-    if (!averti || !confirme(dialogue, demande, QStringLiteral("Confirmation"))) {
-        dialogue.message(QStringLiteral("L'enregistrement est annulé"), QStringLiteral("Annulation"),
-                         Icone::Information);
-        return Suite::Annule;
-    }
+    if (!averti || !confirme(dialogue, demande, QStringLiteral("Confirmation")))
+        return annuler(dialogue);
     const qint64 rang = ecrire(donnees, e, trouve);
     if (e.dependants)
         e.dependants(donnees, rang);
-    return confirme(dialogue, e.fin, QStringLiteral("Fin de l'enregistrement")) ? Suite::Autre : Suite::Fini;
+    return finir(dialogue, e.fin);
 }
-} // namespace
 
-Suite M_Enreg_Tables::enregistrer(const DataEnvironment1 &donnees, Dialogue &dialogue,
-                                  const Enregistrement &enregistrement)
+// Runs a save under the handler that all of them have.
+Suite garder(Dialogue &dialogue, const std::function<Suite()> &action)
 {
     try {
-        return derouler(donnees, dialogue, enregistrement);
+        return action();
     } catch (const Erreur &erreur) {
         dialogue.message(QStringLiteral("Une erreur s'est produite en cours de traitement : \n") +
                              SondeBase::enFrancais(erreur).numeroEtDescription(),
                          QStringLiteral("Erreur"), Icone::Critique);
         return Suite::Echec;
     }
+}
+} // namespace
+
+Suite M_Enreg_Tables::enregistrer(const DataEnvironment1 &donnees, Dialogue &dialogue,
+                                  const Enregistrement &enregistrement)
+{
+    return garder(dialogue, [&] { return derouler(donnees, dialogue, enregistrement); });
+}
+
+Suite M_Enreg_Tables::enregistrerMesures(Dialogue &dialogue, const std::function<void()> &ecrire,
+                                         const QString &fin)
+{
+    return garder(dialogue, [&] {
+        if (!confirme(dialogue, QStringLiteral("Etes-vous sûr de vouloir enregistrer ces informations?"),
+                      QStringLiteral("Confirmation")))
+            return annuler(dialogue);
+        ecrire();
+        return finir(dialogue, fin);
+    });
 }
 
 std::optional<qint64> M_Enreg_Tables::chercher(const DataEnvironment1 &donnees, const QString &table,

@@ -38,6 +38,10 @@ namespace M_Enreg_Tables
 // in the box of run-time failures.
 Suite enregistrer(const DataEnvironment1 &donnees, Dialogue &dialogue, const Enregistrement &enregistrement);
 
+// The same dialogue around the saving of measures, which takes the place of what is there: asks, has `ecrire` write, asks
+// `fin`. What `ecrire` throws is shown in the box of run-time failures.
+Suite enregistrerMesures(Dialogue &dialogue, const std::function<void()> &ecrire, const QString &fin);
+
 // The rowid of the row that a value finds, or nothing.
 std::optional<qint64> chercher(const DataEnvironment1 &donnees, const QString &table, const QString &colonne,
                                const QString &valeur);

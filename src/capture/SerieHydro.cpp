@@ -2,6 +2,7 @@
 
 #include "capture/ColonnesSerie.h"
 #include "database/DataEnvironment1.h"
+#include "database/Transaction.h"
 #include "platform/VersNombre.h"
 
 namespace
@@ -146,6 +147,7 @@ void SerieHydro::enregistrer(const DataEnvironment1 &donnees, const QString &sta
         lire(donnees, instruction(TABLE_MOIS, QStringLiteral("SELECT DateMesure, NULL, DebitMois FROM %1 "
                                                              "ORDER BY ") +
                                                   ordreMois()));
+    Transaction ensemble(donnees.Connect_Bdd());
     if (!jours.isEmpty())
         effacerJours(donnees, station);
     if (!mois.isEmpty())
@@ -162,6 +164,7 @@ void SerieHydro::enregistrer(const DataEnvironment1 &donnees, const QString &sta
     for (const Debit &debit : mois)
         unMois.executer({station, debit.date, debit.debit_l_s});
     unMois.finir();
+    ensemble.valider();
 }
 
 void SerieHydro::supprimer(const DataEnvironment1 &donnees, const QString &station)

@@ -7,7 +7,7 @@
 class DataEnvironment1;
 
 // Flows are in litres per second. Daily ones stand in Temp_mesure_hydro_jour while they are edited, monthly ones in
-// Temp_mesure_hydro_mois. Failures of the store are Erreurs; each statement commits by itself.
+// Temp_mesure_hydro_mois. Failures of the store are Erreurs.
 namespace SerieHydro
 {
 inline constexpr char16_t TABLE_JOUR[] = u"Temp_mesure_hydro_jour";
@@ -28,7 +28,7 @@ bool existe(const DataEnvironment1 &donnees, const QString &station);
 void remplir(const DataEnvironment1 &donnees, const QString &station);
 // Whether there is a row in either work table, and every row has its date and its flow.
 bool complete(const DataEnvironment1 &donnees);
-// The rows of the work tables take the place of the station's flows. A family without rows is left as it is in the base.
+// The rows of the work tables take the place of the station's flows, all of them or, when it fails, none. A family without rows is left as it is in the base.
 void enregistrer(const DataEnvironment1 &donnees, const QString &station);
 // Deletes every flow of the station, daily and monthly.
 void supprimer(const DataEnvironment1 &donnees, const QString &station);

@@ -2,6 +2,7 @@
 
 #include "capture/ColonnesSerie.h"
 #include "database/DataEnvironment1.h"
+#include "database/Transaction.h"
 #include "platform/VersNombre.h"
 
 #include <QHash>
@@ -126,6 +127,7 @@ void SeriePluvio::enregistrer(const DataEnvironment1 &donnees, const QString &st
     // Everything is read, and every number judged, before anything is deleted.
     const QList<Pluie> pluies = lire(donnees);
     Gestionnaires gestionnaires(donnees, station, pluies);
+    Transaction ensemble(donnees.Connect_Bdd());
     supprimer(donnees, station);
     Requete &ajout = donnees.preparee(
         QStringLiteral("INSERT INTO MESURE_PLUVIO (CodeStationPM, DateMesurePM, JourMesurePM, "
@@ -134,6 +136,7 @@ void SeriePluvio::enregistrer(const DataEnvironment1 &donnees, const QString &st
         ajout.executer(
             {station, pluie.date, pluie.hauteur_mm, pluie.commentaire, gestionnaires.prendre(pluie)});
     ajout.finir();
+    ensemble.valider();
 }
 
 void SeriePluvio::supprimer(const DataEnvironment1 &donnees, const QString &station)

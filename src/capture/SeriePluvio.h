@@ -6,8 +6,7 @@
 
 class DataEnvironment1;
 
-// Heights are in millimetres. The rows stand in Temp_mesure_pluvio while they are edited. Failures of the store are Erreurs;
-// each statement commits by itself.
+// Heights are in millimetres. The rows stand in Temp_mesure_pluvio while they are edited. Failures of the store are Erreurs.
 namespace SeriePluvio
 {
 inline constexpr char16_t TABLE[] = u"Temp_mesure_pluvio";
@@ -23,7 +22,7 @@ bool existe(const DataEnvironment1 &donnees, const QString &station);
 void remplir(const DataEnvironment1 &donnees, const QString &station);
 // Whether there is a row, and every row has its date and its height.
 bool complete(const DataEnvironment1 &donnees);
-// The rows of the work table take the place of the station's rainfall. The manager, which the screen does not show, stays
+// The rows of the work table take the place of the station's rainfall, all of them or, when it fails, none. The manager, which the screen does not show, stays
 // with its value: a row that was read keeps its own, whatever was typed over it; a row that was typed takes the one of a
 // value of its day that no row read stands for, if there is one.
 void enregistrer(const DataEnvironment1 &donnees, const QString &station);

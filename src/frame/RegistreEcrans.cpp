@@ -1,10 +1,10 @@
 #include "frame/RegistreEcrans.h"
 
 #include "analysis/ecrans/F_Concentrations_PC.h"
-#include "capture/ecrans/F_Saisie_Commune.h"
-#include "capture/ecrans/F_Saisie_Departement.h"
 #include "capture/ecrans/F_Mesure_Hydro.h"
 #include "capture/ecrans/F_Mesure_Pluvio.h"
+#include "capture/ecrans/F_Saisie_Commune.h"
+#include "capture/ecrans/F_Saisie_Departement.h"
 #include "exchange/ecrans/ControleurImport.h"
 #include "exchange/ecrans/F_Import_physico.h"
 #include "exchange/ecrans/F_Import_phyto.h"

@@ -1,6 +1,6 @@
 #include "capture/ecrans/EcranSerie.h"
 
-#include "capture/EnregistrementMesures.h"
+#include "capture/M_Enreg_Tables.h"
 #include "database/TableTravail.h"
 #include "frame/Session.h"
 #include "platform/Erreur.h"
@@ -176,11 +176,11 @@ void EcranSerie::valider()
         return;
     }
     const QString station = m_controles.station->code();
-    const SuiteMesures suite = enregistrerMesures(
+    const Suite suite = M_Enreg_Tables::enregistrerMesures(
         session().dialogue, [this, &station] { enregistrer(station); }, m_textes.finEnregistrement);
-    if (suite == SuiteMesures::Fini)
+    if (suite == Suite::Fini)
         fermer();
-    if (suite != SuiteMesures::Autres)
+    if (suite != Suite::Autre)
         return;
     recommencer(true);
     m_controles.station->setFocus(Qt::OtherFocusReason);
