@@ -7,4 +7,8 @@ namespace Modele
 {
 // "rapport.xls": the physico-chemical statistics report.
 void rapport(Classeur &classeur);
+// "Modele_concentr.xls": the evolution chart.
+void concentrations(Classeur &classeur);
+// "Concentr_Rapport.xls": the report and the chart together.
+void concentrationsEtRapport(Classeur &classeur);
 } // namespace Modele

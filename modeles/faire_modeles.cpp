@@ -16,6 +16,8 @@ struct Fabrique {
 
 constexpr Fabrique MODELES[] = {
     {"rapport.xls", Modele::rapport},
+    {"Modele_concentr.xls", Modele::concentrations},
+    {"Concentr_Rapport.xls", Modele::concentrationsEtRapport},
 };
 } // namespace
 

@@ -9,6 +9,8 @@
 #include <com/sun/star/chart2/LogarithmicScaling.hpp>
 #include <com/sun/star/chart2/SubIncrement.hpp>
 #include <com/sun/star/chart2/TickmarkStyle.hpp>
+#include <com/sun/star/chart2/XFormattedString.hpp>
+#include <com/sun/star/chart2/XTitle.hpp>
 #include <com/sun/star/lang/XServiceName.hpp>
 
 using css::uno::Any;
@@ -44,6 +46,16 @@ public:
         const auto perpendiculaire = type == TypeAxe::Categorie ? TypeAxe::Valeur : TypeAxe::Categorie;
         const auto sien = graphique->axe(perpendiculaire, groupe);
         return sien.is() ? sien : graphique->axe(perpendiculaire, 1);
+    }
+
+    // The categories of both groups are the same, and so are their places.
+    void placer(const css::chart2::ScaleData &echelle) const
+    {
+        objet->setScaleData(echelle);
+        if (type != TypeAxe::Categorie || groupe != 1)
+            return;
+        if (const auto second = graphique->axe(type, 2); second.is())
+            second->setScaleData(echelle);
     }
 
     std::shared_ptr<Graphique::Donnees> graphique;
@@ -87,7 +99,7 @@ AxeGraphique Graphique::axe(TypeAxe type, int groupe) const
 {
     return m_donnees->appeler([&] {
         const auto axe = m_donnees->axe(type, groupe);
-        if (!axe.is())
+        if (!axe.is() || (groupe == 2 && !m_donnees->aSecondaires()))
             throw Erreur(AxeAbsent,
                          QStringLiteral("Le graphique « %1 » n'a pas cet axe : aucune série n'y est "
                                         "rattachée.")
@@ -142,7 +154,7 @@ void AxeGraphique::echelle(const EchelleAxe &echelle)
             else
                 voulue.Scaling = css::chart2::LinearScaling::create(contexte);
         }
-        m_donnees->objet->setScaleData(voulue);
+        m_donnees->placer(voulue);
     });
 }
 
@@ -171,7 +183,7 @@ void AxeGraphique::temporel(bool oui)
         css::chart2::ScaleData echelle = m_donnees->objet->getScaleData();
         echelle.AutoDateAxis = false;
         echelle.AxisType = oui ? css::chart2::AxisType::DATE : css::chart2::AxisType::CATEGORY;
-        m_donnees->objet->setScaleData(echelle);
+        m_donnees->placer(echelle);
     });
 }
 
@@ -186,7 +198,7 @@ void AxeGraphique::entreCategories(bool oui)
     m_donnees->appeler([&] {
         css::chart2::ScaleData echelle = m_donnees->objet->getScaleData();
         echelle.ShiftedCategoryPosition = oui;
-        m_donnees->objet->setScaleData(echelle);
+        m_donnees->placer(echelle);
     });
 }
 
@@ -222,7 +234,15 @@ int AxeGraphique::orientation() const
 
 void AxeGraphique::taillePolice(double points)
 {
-    m_donnees->regler(Reglages().mettre("CharHeight", static_cast<float>(points)));
+    const Reglages taille = Reglages().mettre("CharHeight", static_cast<float>(points));
+    m_donnees->appeler([&] {
+        taille.appliquer(m_donnees->objet);
+        const auto titre =
+            Reference<css::chart2::XTitled>(m_donnees->objet, UNO_QUERY_THROW)->getTitleObject();
+        if (titre.is())
+            for (const auto &morceau : titre->getText())
+                taille.appliquer(morceau);
+    });
 }
 
 void AxeGraphique::placeGraduations(PlaceGraduations place)
@@ -265,7 +285,8 @@ void AxeGraphique::quadrillage(bool oui, Teinte couleur)
         Reglages reglages;
         reglages.mettre("Show", oui);
         if (oui)
-            mettreTrait(reglages, {StyleTrait::Continu, couleur, EpaisseurTrait::Filet}, TRAIT_ORDINAIRE);
+            mettreTrait(reglages, {StyleTrait::Continu, couleur, EpaisseurTrait::Filet}, TRAIT_ORDINAIRE,
+                        m_donnees->graphique->document);
         reglages.appliquer(m_donnees->objet->getGridProperties());
     });
 }
@@ -273,6 +294,7 @@ void AxeGraphique::quadrillage(bool oui, Teinte couleur)
 void AxeGraphique::couleur(Teinte couleur)
 {
     Reglages reglages;
-    mettreTrait(reglages, {StyleTrait::Continu, couleur, EpaisseurTrait::Filet}, TRAIT_ORDINAIRE);
+    mettreTrait(reglages, {StyleTrait::Continu, couleur, EpaisseurTrait::Filet}, TRAIT_ORDINAIRE,
+                m_donnees->graphique->document);
     m_donnees->regler(reglages);
 }

@@ -42,6 +42,7 @@ public:
     // Degrees; 90 is upward, 0 level.
     void orientation(int degres);
     int orientation() const;
+    // Of its labels, and of the title that it has.
     void taillePolice(double points);
     void placeGraduations(PlaceGraduations place);
     void graduations(Graduation majeures, Graduation mineures);

@@ -166,8 +166,10 @@ void BoiteTexte::fond(Teinte couleur)
 void BoiteTexte::bord(const AspectTrait &aspect)
 {
     Reglages reglages;
-    mettreTrait(reglages, aspect, TRAIT_ORDINAIRE);
-    m_donnees->regler(reglages);
+    m_donnees->appeler([&] {
+        mettreTrait(reglages, aspect, TRAIT_ORDINAIRE, m_donnees->feuille->classeur->ouvert());
+        reglages.appliquer(m_donnees->forme);
+    });
 }
 
 void BoiteTexte::montrer(bool oui)

@@ -102,8 +102,10 @@ public:
     // Puts the series among those of its type and axis group, in the order in which they are drawn.
     void ranger(SerieGraphique::Donnees &serie);
     void oter(SerieGraphique::Donnees &serie);
+    bool aSecondaires() const;
     void oublierAxeVide();
     css::uno::Reference<css::chart2::XAxis> axe(TypeAxe type, int groupe) const; // empty without
+    css::uno::Reference<css::chart2::XAxis> nouvelAxe(TypeAxe type, bool montre) const;
     css::uno::Reference<css::beans::XPropertySet> diagramme() const;
 
     std::shared_ptr<Feuille::Donnees> feuille;
@@ -126,15 +128,17 @@ void ecrireTitre(const Graphique::Donnees &graphique,
                  bool vertical);
 QString lireTitre(const css::uno::Reference<css::uno::XInterface> &porteur);
 
-// "LineStyle", "LineColor", "LineWidth", "LineDash" of a line, under other names for edges.
+// Properties of a line, under other names for edges.
 struct NomsTrait {
     const char *style;
     const char *couleur;
     const char *epaisseur;
-    const char *tirets;
+    const char *nomTirets;
 };
-void mettreTrait(Reglages &reglages, const AspectTrait &aspect, const NomsTrait &noms);
-constexpr NomsTrait TRAIT_ORDINAIRE{"LineStyle", "LineColor", "LineWidth", "LineDash"};
-constexpr NomsTrait TRAIT_COURBE{"LineStyle", "Color", "LineWidth", "LineDash"};
-constexpr NomsTrait TRAIT_BORD{"BorderStyle", "BorderColor", "BorderWidth", "BorderDash"};
+// The filter of .xls knows dashes by their name in the chart's own table only, where they are put when they lack.
+void mettreTrait(Reglages &reglages, const AspectTrait &aspect, const NomsTrait &noms,
+                 const css::uno::Reference<css::uno::XInterface> &document);
+constexpr NomsTrait TRAIT_ORDINAIRE{"LineStyle", "LineColor", "LineWidth", "LineDashName"};
+constexpr NomsTrait TRAIT_COURBE{"LineStyle", "Color", "LineWidth", "LineDashName"};
+constexpr NomsTrait TRAIT_BORD{"BorderStyle", "BorderColor", "BorderWidth", "BorderDashName"};
 void mettreFond(Reglages &reglages, Teinte couleur, const char *nomCouleur);

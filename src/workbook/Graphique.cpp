@@ -174,17 +174,21 @@ void Graphique::Donnees::ranger(SerieGraphique::Donnees &serie)
         .mettre("AttachedAxisIndex", static_cast<sal_Int32>(serie.groupe - 1))
         .mettre("StackingDirection", voulu.empilement)
         .appliquer(serie.reglages);
-    // A secondary axis is there for its series only.
-    if (serie.groupe == 2 && !axe(TypeAxe::Valeur, 2).is()) {
-        const Reference<css::chart2::XAxis> nouvel(creer("Axis"), UNO_QUERY_THROW);
-        Reglages()
-            .mettre("CrossoverPosition", css::chart::ChartAxisPosition_END)
-            .mettre("Show", true)
-            .appliquer(nouvel);
+    // Secondary axes are there for their series only. That of the categories is not shown, but without it the file
+    // would place the series by their rows, not by their dates.
+    if (const auto valeurs = axe(TypeAxe::Valeur, 2); serie.groupe == 2 && valeurs.is()) {
+        Reglages().mettre("Show", true).appliquer(valeurs);
+    } else if (serie.groupe == 2) {
+        const auto nouvel = nouvelAxe(TypeAxe::Valeur, true);
         css::chart2::ScaleData echelle = nouvel->getScaleData();
         echelle.AxisType = css::chart2::AxisType::REALNUMBER;
         nouvel->setScaleData(echelle);
         repere->setAxisByDimension(1, nouvel, 1);
+    }
+    if (serie.groupe == 2 && !axe(TypeAxe::Categorie, 2).is()) {
+        const auto categories = nouvelAxe(TypeAxe::Categorie, false);
+        categories->setScaleData(axe(TypeAxe::Categorie, 1)->getScaleData());
+        repere->setAxisByDimension(0, categories, 1);
     }
     // Series of one type and one axis group stand together.
     std::vector<Reference<css::chart2::XChartType>> types;
@@ -232,11 +236,28 @@ void Graphique::Donnees::oter(SerieGraphique::Donnees &serie)
     }
 }
 
+bool Graphique::Donnees::aSecondaires() const
+{
+    return std::any_of(series.begin(), series.end(), [](const auto &s) { return s->groupe == 2; });
+}
+
 void Graphique::Donnees::oublierAxeVide()
 {
-    const bool sert = std::any_of(series.begin(), series.end(), [](const auto &s) { return s->groupe == 2; });
-    if (!sert && axe(TypeAxe::Valeur, 2).is())
-        repere->setAxisByDimension(1, nullptr, 1);
+    // Hidden, not taken away: the filter of .xls does not survive a hole in the list of axes. Without a series the file
+    // has none.
+    if (const auto valeurs = axe(TypeAxe::Valeur, 2); !aSecondaires() && valeurs.is())
+        Reglages().mettre("Show", false).appliquer(valeurs);
+}
+
+Reference<css::chart2::XAxis> Graphique::Donnees::nouvelAxe(TypeAxe type, bool montre) const
+{
+    const Reference<css::chart2::XAxis> nouvel(creer("Axis"), UNO_QUERY_THROW);
+    Reglages()
+        .mettre("CrossoverPosition", type == TypeAxe::Valeur ? css::chart::ChartAxisPosition_END
+                                                             : css::chart::ChartAxisPosition_START)
+        .mettre("Show", montre)
+        .appliquer(nouvel);
+    return nouvel;
 }
 
 Reference<css::chart2::XAxis> Graphique::Donnees::axe(TypeAxe type, int groupe) const
@@ -364,7 +385,7 @@ void Graphique::supprimerSeries(const QVector<int> &numeros)
 
 bool Graphique::aAxeSecondaire() const
 {
-    return m_donnees->appeler([this] { return m_donnees->axe(TypeAxe::Valeur, 2).is(); });
+    return m_donnees->aSecondaires();
 }
 
 void Graphique::titre(const QString &texte)
@@ -420,6 +441,19 @@ void Graphique::taillePoliceLegende(double points)
     });
 }
 
+void Graphique::fondLegende(Teinte fond, const AspectTrait &bord)
+{
+    m_donnees->appeler([&] {
+        const auto legende = m_donnees->document->getFirstDiagram()->getLegend();
+        if (!legende.is())
+            return;
+        Reglages reglages;
+        mettreFond(reglages, fond, "FillColor");
+        mettreTrait(reglages, bord, TRAIT_ORDINAIRE, m_donnees->document);
+        reglages.appliquer(legende);
+    });
+}
+
 void Graphique::zoneTracage(const CadreDessin &cadre)
 {
     m_donnees->appeler([&] {
@@ -444,7 +478,7 @@ void Graphique::fondZoneTracage(Teinte fond, const AspectTrait &bord)
     m_donnees->appeler([&] {
         Reglages reglages;
         mettreFond(reglages, fond, "FillColor");
-        mettreTrait(reglages, bord, TRAIT_ORDINAIRE);
+        mettreTrait(reglages, bord, TRAIT_ORDINAIRE, m_donnees->document);
         reglages.appliquer(m_donnees->document->getFirstDiagram()->getWall());
     });
 }
@@ -454,7 +488,7 @@ void Graphique::fond(Teinte couleur, const AspectTrait &bord)
     m_donnees->appeler([&] {
         Reglages reglages;
         mettreFond(reglages, couleur, "FillColor");
-        mettreTrait(reglages, bord, TRAIT_ORDINAIRE);
+        mettreTrait(reglages, bord, TRAIT_ORDINAIRE, m_donnees->document);
         reglages.appliquer(m_donnees->document->getPageBackground());
     });
 }

@@ -66,6 +66,7 @@ public:
     void legende(bool oui, PlaceLegende place = PlaceLegende::Bas);
     bool aLegende() const;
     void taillePoliceLegende(double points);
+    void fondLegende(Teinte fond, const AspectTrait &bord);
     // Where the plot stands in the chart, axes' labels left out; in hundredths of a millimetre from its corner.
     void zoneTracage(const CadreDessin &cadre);
     void fondZoneTracage(Teinte fond, const AspectTrait &bord);

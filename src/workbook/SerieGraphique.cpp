@@ -265,6 +265,8 @@ void SerieGraphique::abscisses(const Plage &cellules)
         echelle.Categories.set(m_graphique->creer("data.LabeledDataSequence"), UNO_QUERY_THROW);
         echelle.Categories->setValues(m_graphique->suite(cellules, "categories"));
         axe->setScaleData(echelle);
+        if (const auto second = m_graphique->axe(TypeAxe::Categorie, 2); second.is())
+            second->setScaleData(echelle);
         m_graphique->abscisses = voulue;
     });
 }
@@ -317,7 +319,7 @@ void SerieGraphique::trait(const AspectTrait &aspect)
     m_graphique->appeler([&] {
         const bool courbe = m_donnees->type == TypeSerie::Ligne || m_donnees->type == TypeSerie::NuagePoints;
         Reglages reglages;
-        mettreTrait(reglages, aspect, courbe ? TRAIT_COURBE : TRAIT_BORD);
+        mettreTrait(reglages, aspect, courbe ? TRAIT_COURBE : TRAIT_BORD, m_graphique->document);
         reglages.appliquer(m_donnees->reglages);
     });
 }

@@ -4,7 +4,9 @@
 #include "workbook/DonneesGraphique.h"
 #include "workbook/PaletteParDefaut.h"
 
+#include <com/sun/star/container/XNameContainer.hpp>
 #include <com/sun/star/drawing/FillStyle.hpp>
+#include <com/sun/star/lang/XMultiServiceFactory.hpp>
 
 namespace
 {
@@ -62,7 +64,24 @@ Teinte Teinte::schema(int couleurDeSchema)
                                 PREMIERE + 1));
 }
 
-void mettreTrait(Reglages &reglages, const AspectTrait &aspect, const NomsTrait &noms)
+namespace
+{
+rtl::OUString nomTirets(StyleTrait style, const css::uno::Reference<css::uno::XInterface> &document)
+{
+    const rtl::OUString nom =
+        rtl::OUString::createFromAscii("Ovralis ") + rtl::OUString::number(static_cast<int>(style));
+    const css::uno::Reference<css::container::XNameContainer> table(
+        css::uno::Reference<css::lang::XMultiServiceFactory>(document, css::uno::UNO_QUERY_THROW)
+            ->createInstance("com.sun.star.drawing.DashTable"),
+        css::uno::UNO_QUERY_THROW);
+    if (!table->hasByName(nom))
+        table->insertByName(nom, css::uno::Any(tirets(style)));
+    return nom;
+}
+} // namespace
+
+void mettreTrait(Reglages &reglages, const AspectTrait &aspect, const NomsTrait &noms,
+                 const css::uno::Reference<css::uno::XInterface> &document)
 {
     using css::drawing::LineStyle;
     const bool aucun = aspect.style == StyleTrait::Aucun || aspect.couleur.estAucune();
@@ -73,7 +92,7 @@ void mettreTrait(Reglages &reglages, const AspectTrait &aspect, const NomsTrait 
     if (aucun)
         return;
     if (!plein)
-        reglages.mettre(noms.tirets, tirets(aspect.style));
+        reglages.mettre(noms.nomTirets, nomTirets(aspect.style, document));
     reglages.mettre(noms.epaisseur, largeur(aspect.epaisseur));
     if (!aspect.couleur.estAutomatique())
         reglages.mettre(noms.couleur, static_cast<sal_Int32>(aspect.couleur.rvb()));
