@@ -120,7 +120,15 @@ void Classeur::enregistrer()
 
 void Classeur::exporterPdf(const QString &cheminHote)
 {
+    const auto tous = [this](auto &&faire) {
+        m_donnees->instance->appeler([&] {
+            for (const auto &graphique : m_donnees->graphiques)
+                faire(graphique);
+        });
+    };
+    tous([](const auto &graphique) { graphique->unlockControllers(); });
     ecrireClasseur(*m_donnees, cheminHote, "calc_pdf_Export");
+    tous([](const auto &graphique) { graphique->lockControllers(); });
 }
 
 void Classeur::fermer()

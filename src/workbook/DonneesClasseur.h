@@ -7,11 +7,13 @@
 #include "workbook/Uno.h"
 
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/table/CellRangeAddress.hpp>
 #include <com/sun/star/table/XCellRange.hpp>
 #include <QHash>
+#include <vector>
 
 class Classeur::Donnees
 {
@@ -35,6 +37,14 @@ public:
     // Counts the insertions and deletions of cells: some make the application's sheet objects forget a column, so that
     // they are asked for again after each.
     int deplacements = 0;
+    // Charts that were asked for: drawn only when the workbook is to be seen, as the application would draw each anew
+    // to answer the filter's questions, which takes longer than all the rest of a save.
+    std::vector<css::uno::Reference<css::frame::XModel>> graphiques;
+    void suspendre(const css::uno::Reference<css::frame::XModel> &graphique)
+    {
+        graphique->lockControllers();
+        graphiques.push_back(graphique);
+    }
 
 private:
     QHash<QString, sal_Int32> m_cles;

@@ -120,6 +120,9 @@ public:
 
 private:
     void lireSeries();
+    QString adresseDe(const Plage &cellules) const; // as the chart library wants it
+
+    mutable QHash<sal_Int16, QString> m_nomsFeuilles;
 };
 
 // A title of the chart or of an axis.

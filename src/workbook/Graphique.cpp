@@ -3,6 +3,7 @@
 #include "workbook/AxeGraphique.h"
 #include "workbook/DonneesGraphique.h"
 
+#include <array>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/chart/ChartAxisPosition.hpp>
 #include <com/sun/star/chart/ChartLegendExpansion.hpp>
@@ -18,6 +19,7 @@
 #include <com/sun/star/chart2/XFormattedString.hpp>
 #include <com/sun/star/chart2/XLegend.hpp>
 #include <com/sun/star/chart2/XTitle.hpp>
+#include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <com/sun/star/util/XNumberFormats.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
@@ -104,6 +106,7 @@ Graphique::Donnees::Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille, QS
         throw Erreur(GraphiqueAbsent, QStringLiteral("Le graphique « %1 » n'a pas d'axes.").arg(nom));
     repere = tous[0];
     source = document->getDataProvider();
+    feuille->classeur->suspendre(modele);
     lireSeries();
 }
 
@@ -118,10 +121,13 @@ void Graphique::Donnees::lireSeries()
             auto serie = std::make_shared<SerieGraphique::Donnees>();
             serie->objet = objet;
             serie->reglages.set(objet, UNO_QUERY_THROW);
+            const std::array<rtl::OUString, 2> noms{rtl::OUString("AttachedAxisIndex"),
+                                                    rtl::OUString("StackingDirection")};
+            const auto lues = serie->reglages->getPropertyValues({noms.data(), 2});
             sal_Int32 axe = 0;
-            serie->lire("AttachedAxisIndex") >>= axe;
+            lues[0] >>= axe;
             auto empilement = css::chart2::StackingDirection_NO_STACKING;
-            serie->lire("StackingDirection") >>= empilement;
+            lues[1] >>= empilement;
             serie->type = typeDe(service, empilement);
             serie->groupe = axe == 1 ? 2 : 1;
             (axe == 1 ? secondaires : series).push_back(serie);
@@ -137,12 +143,36 @@ Reference<css::uno::XInterface> Graphique::Donnees::creer(const char *service) c
         rtl::OUString::createFromAscii(PREFIXE) + rtl::OUString::createFromAscii(service), contexte);
 }
 
+namespace
+{
+QString colonneEnLettres(int colonne) // from 0
+{
+    QString lettres;
+    for (int reste = colonne + 1; reste > 0; reste = (reste - 1) / 26)
+        lettres.prepend(QChar(u'A' + (reste - 1) % 26));
+    return lettres;
+}
+} // namespace
+
+QString Graphique::Donnees::adresseDe(const Plage &cellules) const
+{
+    const auto &lieu = cellules.donnees().adresse;
+    QString &nomFeuille = m_nomsFeuilles[lieu.Sheet];
+    if (nomFeuille.isEmpty())
+        nomFeuille =
+            versQt(Reference<css::container::XNamed>(cellules.donnees().feuille->objet(), UNO_QUERY_THROW)
+                       ->getName())
+                .replace(QLatin1Char('\''), QLatin1String("''"));
+    const QString coin = QStringLiteral("$'%1'.$%2$%3")
+                             .arg(nomFeuille, colonneEnLettres(lieu.StartColumn))
+                             .arg(lieu.StartRow + 1);
+    return coin + QStringLiteral(":$%1$%2").arg(colonneEnLettres(lieu.EndColumn)).arg(lieu.EndRow + 1);
+}
+
 Reference<css::chart2::data::XDataSequence> Graphique::Donnees::suite(const Plage &cellules,
                                                                       const char *role) const
 {
-    rtl::OUString adresse;
-    cellules.donnees().lire("AbsoluteName") >>= adresse;
-    const auto valeurs = source->createDataSequenceByRangeRepresentation(adresse);
+    const auto valeurs = source->createDataSequenceByRangeRepresentation(versUno(adresseDe(cellules)));
     Reference<css::beans::XPropertySet>(valeurs, UNO_QUERY_THROW)
         ->setPropertyValue("Role", Any(rtl::OUString::createFromAscii(role)));
     return valeurs;
