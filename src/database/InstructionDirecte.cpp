@@ -15,10 +15,11 @@ sqlite3 *poignee(const QSqlDatabase &base)
     return v.isValid() ? *static_cast<sqlite3 *const *>(v.constData()) : nullptr;
 }
 
-// Binds one value; its text is not copied and must live until the statement is reset.
+// Binds one value. Under SQLITE_STATIC its text is not copied and must live until the statement is reset.
 struct Lien {
     sqlite3_stmt *instruction;
     int position;
+    sqlite3_destructor_type duree;
 
     int operator()(std::monostate) const { return sqlite3_bind_null(instruction, position); }
     int operator()(qint64 valeur) const { return sqlite3_bind_int64(instruction, position, valeur); }
@@ -29,7 +30,7 @@ struct Lien {
         static const char16_t VIDE[] = u"";
         const void *texte = valeur.isEmpty() ? static_cast<const void *>(VIDE) : valeur.utf16();
         return sqlite3_bind_text16(instruction, position, texte,
-                                   static_cast<int>(valeur.size() * qsizetype(sizeof(QChar))), SQLITE_STATIC);
+                                   static_cast<int>(valeur.size() * qsizetype(sizeof(QChar))), duree);
     }
 };
 } // namespace
@@ -52,13 +53,19 @@ InstructionDirecte::Valeur InstructionDirecte::ouNul(const QString &texte)
     return texte.isEmpty() ? Valeur() : Valeur(texte);
 }
 
-bool InstructionDirecte::avancer(std::initializer_list<Valeur> valeurs)
+void InstructionDirecte::lier(std::initializer_list<Valeur> valeurs, bool copier)
 {
     int position = 0;
     for (const Valeur &valeur : valeurs) {
-        if (std::visit(Lien{m_instruction, ++position}, valeur) != SQLITE_OK)
+        const Lien lien{m_instruction, ++position, copier ? SQLITE_TRANSIENT : SQLITE_STATIC};
+        if (std::visit(lien, valeur) != SQLITE_OK)
             echouer();
     }
+}
+
+bool InstructionDirecte::avancer(std::initializer_list<Valeur> valeurs)
+{
+    lier(valeurs, false);
     const int code = sqlite3_step(m_instruction);
     if (code != SQLITE_ROW && code != SQLITE_DONE)
         echouer();
@@ -92,6 +99,44 @@ qint64 InstructionDirecte::premierEntier(std::initializer_list<Valeur> valeurs)
     const qint64 entier = avancer(valeurs) ? sqlite3_column_int64(m_instruction, 0) : 0;
     terminer();
     return entier;
+}
+
+void InstructionDirecte::lire(std::initializer_list<Valeur> valeurs)
+{
+    terminer();
+    lier(valeurs, true);
+}
+
+bool InstructionDirecte::suivant()
+{
+    const int code = sqlite3_step(m_instruction);
+    if (code == SQLITE_ROW)
+        return true;
+    if (code != SQLITE_DONE)
+        echouer();
+    terminer();
+    return false;
+}
+
+bool InstructionDirecte::estNul(int colonne) const
+{
+    return sqlite3_column_type(m_instruction, colonne) == SQLITE_NULL;
+}
+
+qint64 InstructionDirecte::entier(int colonne) const
+{
+    return sqlite3_column_int64(m_instruction, colonne);
+}
+
+double InstructionDirecte::reel(int colonne) const
+{
+    return sqlite3_column_double(m_instruction, colonne);
+}
+
+QByteArrayView InstructionDirecte::octets(int colonne) const
+{
+    const auto *debut = reinterpret_cast<const char *>(sqlite3_column_text(m_instruction, colonne));
+    return {debut, debut ? sqlite3_column_bytes(m_instruction, colonne) : 0};
 }
 
 qint64 InstructionDirecte::dernierIdentifiant() const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <QByteArrayView>
 #include <QString>
 #include <variant>
 
@@ -29,6 +30,22 @@ public:
     void executer(std::initializer_list<Valeur> valeurs = {});
     // The first column of its first row, as a number; 0 when there is no row or it is null.
     qint64 premierEntier(std::initializer_list<Valeur> valeurs);
+    // Runs the statement for its rows, before the first of them; `suivant` moves to the next, false at the end, where the
+    // statement is freed. Not while another run of it is being read.
+    //
+    //     for (results.lire({numPrel}); results.suivant();)
+    //         numbers << results.entier(0);
+    void lire(std::initializer_list<Valeur> valeurs = {});
+    bool suivant();
+    // Columns of the row, from 0. The bytes live until the next move only.
+    bool estNul(int colonne) const;
+    qint64 entier(int colonne) const; // 0 for null
+    double reel(int colonne) const;   // 0 for null
+    QByteArrayView octets(int colonne) const;
+    QString texte(int colonne) const { return QString::fromUtf8(octets(colonne)); }
+    // Frees the statement before its end.
+    void finir() { terminer(); }
+
     // Number of the row that the connection has inserted last.
     qint64 dernierIdentifiant() const;
 
@@ -36,6 +53,8 @@ public:
     static Valeur ouNul(const QString &texte);
 
 private:
+    // `copier`: the texts of the values are copied, and need not live as long as the run.
+    void lier(std::initializer_list<Valeur> valeurs, bool copier);
     // True when there is a row.
     bool avancer(std::initializer_list<Valeur> valeurs);
     void terminer();

@@ -1,6 +1,7 @@
 #include "frame/RegistreEcrans.h"
 
 #include "analysis/ecrans/F_Concentrations_PC.h"
+#include "analysis/ecrans/F_Donnees_brutes_PC.h"
 #include "capture/ecrans/F_Mesure_Hydro.h"
 #include "capture/ecrans/F_Mesure_Pluvio.h"
 #include "capture/ecrans/F_Saisie_Commune.h"
@@ -58,6 +59,7 @@ const QList<EntreeRegistre> &registreEcrans()
         commande(u"m_import_donnees_hydro", ControleurImport::importerHydro),
         commande(u"m_import_donnees_pluvio", ControleurImport::importerPluvio),
         ecran<F_MiseAJour_Intervenant>(u"m_corresp_intervenant"),
+        ecran<F_Donnees_brutes_PC>(u"m_donnees_brutes_physico"),
         commande(u"mnu_compact", CommandesMaintenance::compacter),
         commande(u"mnu_sauv_coul", CommandesMaintenance::sauvegarderCouleurs),
         commande(u"mnu_rest_coul", CommandesMaintenance::restaurerCouleurs),
