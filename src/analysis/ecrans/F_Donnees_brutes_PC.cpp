@@ -63,9 +63,7 @@ void F_Donnees_brutes_PC::preparerGrille()
 {
     GrilleDonneesBrutes *grille = m_ui->grille;
     grille->setModel(m_modele);
-    const int caractere = fontMetrics().averageCharWidth();
-    for (const ColonneBrute colonne : ColonnesBrutes::toutes())
-        grille->setColumnWidth(static_cast<int>(colonne), ColonnesBrutes::largeur(colonne) * caractere);
+    grille->donnerLargeurs();
     connect(grille, &GrilleDonneesBrutes::triDemande, this, &F_Donnees_brutes_PC::trier);
     connect(grille, &GrilleDonneesBrutes::copieDemandee, this, &F_Donnees_brutes_PC::copier);
     connect(grille, &GrilleDonneesBrutes::reprise, this, &F_Donnees_brutes_PC::surveillerBase);
@@ -253,7 +251,9 @@ void F_Donnees_brutes_PC::montrer(const std::shared_ptr<JeuDonneesBrutes> &jeu, 
         m_marque = m_marqueLecture;
 
     const int ligne = cle == 0 ? 0 : std::max(m_modele->ligneDe(cle), 0);
-    grille->setCurrentIndex(m_modele->index(ligne, colonne));
+    // Not QTableView's own, which heeds the modifier keys held down.
+    grille->selectionModel()->setCurrentIndex(m_modele->index(ligne, colonne),
+                                              QItemSelectionModel::ClearAndSelect);
     if (ligne == 0)
         grille->scrollToTop();
     else

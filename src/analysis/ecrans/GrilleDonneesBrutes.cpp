@@ -22,6 +22,18 @@ GrilleDonneesBrutes::GrilleDonneesBrutes(QWidget *parent) : QTableView(parent)
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &GrilleDonneesBrutes::triDemande);
 }
 
+void GrilleDonneesBrutes::donnerLargeurs()
+{
+    constexpr int MARGES = 8;  // pixels
+    constexpr int FLECHE = 24; // the mark of the order and its margins
+    const int chiffre = fontMetrics().horizontalAdvance(u'0');
+    for (const ColonneBrute colonne : ColonnesBrutes::toutes()) {
+        const int titre = horizontalHeader()->fontMetrics().horizontalAdvance(ColonnesBrutes::titre(colonne));
+        setColumnWidth(static_cast<int>(colonne),
+                       std::max(ColonnesBrutes::largeur(colonne) * chiffre + MARGES, titre + FLECHE));
+    }
+}
+
 QList<PlageBrute> GrilleDonneesBrutes::selection() const
 {
     QList<PlageBrute> plages;

@@ -13,6 +13,11 @@ class GrilleDonneesBrutes : public QTableView
 public:
     explicit GrilleDonneesBrutes(QWidget *parent = nullptr);
 
+    // Widths for what each column usually holds, and for its title with the mark of the order.
+    void donnerLargeurs();
+    // Most of a small screen.
+    QSize sizeHint() const override { return {1280, 560}; }
+
     // What is selected, as rectangles.
     QList<PlageBrute> selection() const;
 
