@@ -34,18 +34,31 @@ void preparerFeuille(Feuille &feuille, const ExportDonneesBrutes::Feuillet &feui
     // Before the values: cells that have a format of date already are not given one each.
     const auto formater = [&](ColonneBrute colonne, const QString &format) {
         const int rang = static_cast<int>(colonne) + 1;
-        feuille.plage(2, rang, derniere, rang).formatNombre(format);
+        Plage cellules = feuille.plage(2, rang, derniere, rang);
+        cellules.formatNombre(format);
+        cellules.alignementHorizontal(Alignement::Centre);
     };
     formater(ColonneBrute::Date, QStringLiteral("dd/mm/yyyy"));
     formater(ColonneBrute::Heure, QStringLiteral("hh:mm"));
+    for (const ColonneBrute colonne : ColonnesBrutes::toutes()) {
+        const int rang = static_cast<int>(colonne) + 1;
+        if (ColonnesBrutes::aDroite(colonne))
+            feuille.cellule(1, rang).alignementHorizontal(Alignement::Droite);
+        else if (colonne == ColonneBrute::Date || colonne == ColonneBrute::Heure)
+            feuille.cellule(1, rang).alignementHorizontal(Alignement::Centre);
+    }
     MiseEnPage page;
     page.paysage = true;
     page.premiereLigneRepetee = page.derniereLigneRepetee = 1;
     page.piedCentre = QStringLiteral("&P / &N");
     feuille.mettreEnPage(page);
-    for (const ColonneBrute colonne : ColonnesBrutes::toutes())
+    constexpr qsizetype MARGE = 2; // characters
+    for (const ColonneBrute colonne : ColonnesBrutes::toutes()) {
+        const qsizetype caracteres = MARGE + std::max<qsizetype>(ColonnesBrutes::largeur(colonne),
+                                                                 ColonnesBrutes::titre(colonne).size());
         feuille.largeurColonne(static_cast<int>(colonne) + 1,
-                               ColonnesBrutes::largeur(colonne) * CENTIEMES_MM_PAR_CARACTERE);
+                               static_cast<int>(caracteres) * CENTIEMES_MM_PAR_CARACTERE);
+    }
 }
 
 // False once the user has given up.
