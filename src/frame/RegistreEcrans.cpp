@@ -3,7 +3,9 @@
 #include "analysis/ecrans/F_Concentrations_PC.h"
 #include "analysis/ecrans/F_Donnees_brutes_PC.h"
 #include "capture/ecrans/F_Mesure_Hydro.h"
+#include "capture/ecrans/F_Mesure_Physico.h"
 #include "capture/ecrans/F_Mesure_Pluvio.h"
+#include "capture/ecrans/F_Mesures_Phyto.h"
 #include "capture/ecrans/F_Saisie_Commune.h"
 #include "capture/ecrans/F_Saisie_Departement.h"
 #include "exchange/ecrans/ControleurImport.h"
@@ -51,6 +53,8 @@ void viderCompteursImport(Session &session)
 const QList<EntreeRegistre> &registreEcrans()
 {
     static const QList<EntreeRegistre> registre = {
+        ecran<F_Mesure_Physico>(u"m_mesure_physico"),
+        ecran<F_Mesures_Phyto>(u"m_mesure_phyto"),
         ecran<F_Concentrations_PC>(u"m_evolution_physico"),
         ecran<F_Mesure_Hydro>(u"m_mesure_hydrom"),
         ecran<F_Mesure_Pluvio>(u"m_mesure_pluvio"),
