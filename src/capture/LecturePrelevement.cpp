@@ -126,7 +126,11 @@ QList<LignePrelevement> LecturePrelevement::lire(const DataEnvironment1 &donnees
             QStringLiteral(" ORDER BY NumAnaPC"),
         valeurs(cle));
     while (r.suivant()) {
-        const auto valeur = [&r](const char16_t *colonne) { return r.valeur(QString::fromUtf16(colonne)); };
+        // A null column comes with a type, by which it would go back as an empty text.
+        const auto valeur = [&r](const char16_t *colonne) {
+            QVariant lue = r.valeur(QString::fromUtf16(colonne));
+            return lue.isNull() ? QVariant() : lue;
+        };
         auto s = std::make_shared<SourceLigne>();
         s->numPrel = valeur(u"NumPrel").toLongLong();
         s->codeParametre = valeur(u"CodeParam").toString();

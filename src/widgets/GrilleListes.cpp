@@ -37,6 +37,7 @@ GrilleListes::GrilleListes(QWidget *parent) : QTableView(parent)
     setTabKeyNavigation(false);
     setAlternatingRowColors(true);
     setCornerButtonEnabled(false);
+    setWordWrap(false); // cut texts are cut at the letter
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     horizontalHeader()->setHighlightSections(false);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
