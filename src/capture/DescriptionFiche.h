@@ -30,6 +30,16 @@ struct DependanceFiche {
     QString nommee = {}; // as in UsageFiche
 };
 
+// A link table that a list of the sheet shows: one row for each chosen row of the list. A save rewrites it, a deletion
+// empties it.
+struct LienFiche {
+    QString controle; // a ListeFiltree: "lst_commune"
+    QString table;    // "BVXCommune"
+    QString colonneCle;
+    QString colonneLiee;
+    QString nommee = {}; // column of the sheet's own table that `colonneCle` repeats; empty: the criterion
+};
+
 //     const DescriptionFiche COMMUNE{
 //         .table = "COMMUNE", .critere = "NumCommune", .libelle = "NomCommune",
 //         .champs = {{"txt_code", "NumCommune", "Le numéro de la commune", "Le numéro ... doit être renseigné."}, ...},
@@ -44,10 +54,11 @@ struct DescriptionFiche {
     QString cleInterne = {};
     // The column shown beside the criterion in the key combo; may be empty.
     QString libelle = {};
-    QList<ChampFiche> champs; // in the order in which the columns are written
-    QString objet;            // "La commune": begins the messages about a whole row
-    bool feminin = false;     // of `objet`
-    QString fin;              // the closing question of a save
+    QList<ChampFiche> champs;    // in the order in which the columns are written
+    QString objet;               // "La commune": begins the messages about a whole row
+    bool feminin = false;        // of `objet`
+    QString fin;                 // the closing question of a save
+    QList<LienFiche> liens = {}; // in the order in which they are rewritten
     QList<UsageFiche> usages = {};
     QList<DependanceFiche> dependances = {};
 
@@ -63,3 +74,5 @@ struct DescriptionFiche {
 
 // What the controls of a sheet hold, by column: typed texts, and the codes of chosen rows.
 using ValeursFiche = QMap<QString, QString>;
+// Codes of the rows chosen in its lists, by link table.
+using LiensFiche = QMap<QString, QStringList>;

@@ -59,3 +59,79 @@ DescriptionFiche Fiches::departement()
                     QStringLiteral("communes")}},
     };
 }
+
+DescriptionFiche Fiches::sousBassin()
+{
+    return {
+        .table = QStringLiteral("SOUS_BASSIN_VERSANT"),
+        .critere = QStringLiteral("NomSSBV"),
+        .champs =
+            {
+                {QStringLiteral("txt_nom"), QStringLiteral("NomSSBV"),
+                 QStringLiteral("Le nom du sous-bassin"),
+                 QStringLiteral("Le nom du sous-bassin doit être renseigné.")},
+                {QStringLiteral("txt_superficie"), QStringLiteral("SuperfSSBV"),
+                 QStringLiteral("La superficie du sous-bassin")},
+                {QStringLiteral("cmb_bassin"), QStringLiteral("NumBV"), QStringLiteral("Le bassin versant")},
+            },
+        .objet = QStringLiteral("Le sous-bassin"),
+        .fin = QStringLiteral(
+            "L'enregistrement du sous bassin versant a été effectué. Désirez-vous en effectuer un autre?"),
+        .usages =
+            {
+                {QStringLiteral("STATION_QUALITE"), QStringLiteral("CodeSSBV"),
+                 QStringLiteral("station de qualité"), QStringLiteral("stations de qualité"),
+                 QStringLiteral("CodeSSBV")},
+            },
+    };
+}
+
+DescriptionFiche Fiches::bassin()
+{
+    return {
+        .table = QStringLiteral("BASSIN_VERSANT"),
+        .critere = QStringLiteral("NomBV"),
+        .champs =
+            {
+                {QStringLiteral("txt_nom"), QStringLiteral("NomBV"),
+                 QStringLiteral("Le nom du bassin versant"),
+                 QStringLiteral("Le nom du bassin versant doit être renseigné.")},
+                {QStringLiteral("txt_problematique"), QStringLiteral("ProblématiqueBV"),
+                 QStringLiteral("La problématique du bassin")},
+                {QStringLiteral("txt_superficie"), QStringLiteral("SuperfBV"),
+                 QStringLiteral("La superficie du bassin")},
+            },
+        .objet = QStringLiteral("Le bassin versant"),
+        .fin = QStringLiteral(
+            "L'enregistrement du bassin versant a été effectué. Désirez-vous en effectuer un autre?"),
+        .liens =
+            {
+                {QStringLiteral("lst_commune"), QStringLiteral("BVXCommune"), QStringLiteral("NumBV"),
+                 QStringLiteral("NumCommune"), QStringLiteral("NumBV")},
+            },
+        .usages =
+            {
+                {QStringLiteral("LIEU_BASSIN_VERSANT"), QStringLiteral("Bassin_versant"),
+                 QStringLiteral("étude, dont il est le bassin de référence"),
+                 QStringLiteral("études, dont il est le bassin de référence")},
+                {QStringLiteral("SOUS_BASSIN_VERSANT"), QStringLiteral("NumBV"),
+                 QStringLiteral("sous-bassin"), QStringLiteral("sous-bassins"), QStringLiteral("NumBV")},
+                {QStringLiteral("STATION_QUALITE"), QStringLiteral("NumBV"),
+                 QStringLiteral("station de qualité"), QStringLiteral("stations de qualité"),
+                 QStringLiteral("NumBV")},
+                {QStringLiteral("STATION_HYDRO"), QStringLiteral("NumBV"),
+                 QStringLiteral("station hydrométrique"), QStringLiteral("stations hydrométriques"),
+                 QStringLiteral("NumBV")},
+                {QStringLiteral("STATION_PLUVIO"), QStringLiteral("NumBV"),
+                 QStringLiteral("station pluviométrique"), QStringLiteral("stations pluviométriques"),
+                 QStringLiteral("NumBV")},
+                {QStringLiteral("INDICATEUR_NON_AGRICOLE"), QStringLiteral("NumBV"),
+                 QStringLiteral("année d'indicateurs"), QStringLiteral("années d'indicateurs"),
+                 QStringLiteral("NumBV")},
+            },
+        .dependances =
+            {
+                {QStringLiteral("OBJECTIF"), QStringLiteral("NumBV"), QStringLiteral("NumBV")},
+            },
+    };
+}

@@ -1,4 +1,4 @@
-// The sheets of places and of their stations, as data.
+// The sheets of places, as data.
 #pragma once
 
 #include "capture/DescriptionFiche.h"
@@ -7,4 +7,7 @@ namespace Fiches
 {
 DescriptionFiche commune();
 DescriptionFiche departement();
+DescriptionFiche sousBassin();
+// Without its objectives and its sub-basins (EnregistrementBassin).
+DescriptionFiche bassin();
 } // namespace Fiches

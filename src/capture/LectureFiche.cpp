@@ -42,6 +42,11 @@ std::optional<FicheLue> LectureFiche::lire(const DataEnvironment1 &donnees,
     for (const ChampFiche &champ : description.champs)
         lue.valeurs.insert(champ.colonne, ReglesFiche::texteAMontrer(description.table, champ.colonne,
                                                                      ligne.valeur(champ.colonne)));
+    for (const LienFiche &lien : description.liens) {
+        const QString nommee = lien.nommee.isEmpty() ? description.critere : lien.nommee;
+        lue.liens.insert(lien.table,
+                         lies(donnees, lien.table, lien.colonneCle, ligne.valeur(nommee), lien.colonneLiee));
+    }
     return lue;
 }
 

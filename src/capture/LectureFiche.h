@@ -14,6 +14,7 @@ struct FicheLue {
     QString cle;     // the criterion's value
     QString interne; // the internal key's value, where the table has one
     ValeursFiche valeurs;
+    LiensFiche liens;
 };
 
 namespace LectureFiche

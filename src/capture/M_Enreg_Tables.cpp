@@ -69,7 +69,10 @@ Suite derouler(const DataEnvironment1 &donnees, Dialogue &dialogue, const Enregi
     const qint64 rang = ecrire(donnees, e, trouve);
     if (e.dependants)
         e.dependants(donnees, rang);
-    return finir(dialogue, e.fin);
+    const Suite suite = finir(dialogue, e.fin);
+    if (e.aLaFin)
+        e.aLaFin(donnees);
+    return suite;
 }
 
 // Runs a save under the handler that all of them have.
@@ -121,7 +124,7 @@ std::optional<qint64> M_Enreg_Tables::chercher(const DataEnvironment1 &donnees, 
 }
 
 Enregistrement M_Enreg_Tables::ligne(const DescriptionFiche &description, const ValeursFiche &valeurs,
-                                     const QString &interne)
+                                     const QString &interne, const LiensFiche &liens)
 {
     Enregistrement e;
     e.table = description.table;
@@ -132,7 +135,23 @@ Enregistrement M_Enreg_Tables::ligne(const DescriptionFiche &description, const 
         e.colonnes.append({champ.colonne, ReglesFiche::valeurAEcrire(description.table, champ.colonne,
                                                                      valeurs.value(champ.colonne))});
     e.fin = description.fin;
+    if (!description.liens.isEmpty())
+        e.dependants = [description, liens](const DataEnvironment1 &donnees, qint64 rang) {
+            recrireLiens(donnees, description, rang, liens);
+        };
     return e;
+}
+
+void M_Enreg_Tables::recrireLiens(const DataEnvironment1 &donnees, const DescriptionFiche &description,
+                                  qint64 rang, const LiensFiche &liens)
+{
+    for (const LienFiche &lien : description.liens) {
+        const QString nommee = lien.nommee.isEmpty() ? description.critere : lien.nommee;
+        const QVariant cle = donnees.valeur(
+            QStringLiteral("SELECT %1 FROM %2 WHERE rowid = ?").arg(cite(nommee), cite(description.table)),
+            {rang});
+        recrireLiens(donnees, lien.table, lien.colonneCle, cle, lien.colonneLiee, liens.value(lien.table));
+    }
 }
 
 void M_Enreg_Tables::recrireLiens(const DataEnvironment1 &donnees, const QString &table,

@@ -25,6 +25,8 @@ struct Enregistrement {
     // Rewrites the dependent rows once the row (its rowid, which is also its number where the store gives one) is there.
     std::function<void(const DataEnvironment1 &, qint64 rang)> dependants = {};
     QString fin; // the closing question
+    // Runs after it, whatever the answer.
+    std::function<void(const DataEnvironment1 &)> aLaFin = {};
     // Asked, with Yes and No, before anything else where it is not empty, titled "Attention".
     QString avertissement = {};
 };
@@ -47,10 +49,13 @@ std::optional<qint64> chercher(const DataEnvironment1 &donnees, const QString &t
                                const QString &valeur);
 
 // The row of a sheet: its columns in the order of the description, found by the criterion, or by `interne` (a value of
-// the internal key) where a row was chosen and the table has such a key.
+// the internal key) where a row was chosen and the table has such a key; its link tables are the dependent rows.
 Enregistrement ligne(const DescriptionFiche &description, const ValeursFiche &valeurs,
-                     const QString &interne = {});
+                     const QString &interne = {}, const LiensFiche &liens = {});
 
+// Rewrites the link tables of a row that is there.
+void recrireLiens(const DataEnvironment1 &donnees, const DescriptionFiche &description, qint64 rang,
+                  const LiensFiche &liens);
 // Deletes every row of a link table that carries this key, then adds one for each of the other's.
 void recrireLiens(const DataEnvironment1 &donnees, const QString &table, const QString &colonneCle,
                   const QVariant &cle, const QString &colonneLiee, const QStringList &lies);

@@ -60,7 +60,10 @@ bool SuppressionFiche::supprimer(const DataEnvironment1 &donnees, Dialogue &dial
     if (dialogue.question(QStringLiteral("Etes-vous sûr de vouloir supprimer cet enregistrement?"), titre,
                           {Reponse::Oui, Reponse::Non}, Reponse::Non) != Reponse::Oui)
         return false;
-    for (const DependanceFiche &dependance : description.dependances)
+    QList<DependanceFiche> dependances = description.dependances;
+    for (const LienFiche &lien : description.liens)
+        dependances.append({lien.table, lien.colonneCle, lien.nommee});
+    for (const DependanceFiche &dependance : std::as_const(dependances))
         donnees.executer(QStringLiteral("DELETE FROM %1 WHERE %2 = ?")
                              .arg(cite(dependance.table), cite(dependance.colonne)),
                          {valeurNommee(donnees, description, fiche, dependance.nommee)});

@@ -137,14 +137,7 @@ void Demarrage::lireBassin()
         return;
     }
     // A base without a basin goes straight to the sheet that creates it.
-    if (!m_mere->ouvrir(QStringLiteral("m_BV")))
-        m_session.dialogue.message(
-            QStringLiteral(
-                "Cette base ne contient pas encore de bassin versant (table LIEU_BASSIN_VERSANT vide).\n"
-                "La fiche « Caractéristiques d'un bassin versant », qui permet de le créer, n'existe pas "
-                "encore dans cette version du programme.\n"
-                "La base est ouverte, rien n'y a été changé."),
-            QStringLiteral("Bassin versant"), Icone::Information);
+    m_mere->ouvrir(QStringLiteral("m_BV"));
 }
 
 void Demarrage::terminer()

@@ -29,7 +29,7 @@ public:
     // Before a base is open no entry can be used but help and quit; once it is, the status bar names its file.
     void activerMenu(bool baseOuverte);
     // The caption and what stands on the empty client area, once the study's basin is known.
-    void nommerBassin(const QString &bassin);
+    void nommerBassin(const QString &bassin) override;
     // A tick every 50 ms with nothing to do.
     void demarrerTimer1();
     // Runs a menu entry as a click on it does; false where nothing stands behind it.

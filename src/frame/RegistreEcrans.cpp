@@ -6,8 +6,13 @@
 #include "capture/ecrans/F_Mesure_Physico.h"
 #include "capture/ecrans/F_Mesure_Pluvio.h"
 #include "capture/ecrans/F_Mesures_Phyto.h"
+#include "capture/ecrans/F_Saisie_BV.h"
 #include "capture/ecrans/F_Saisie_Commune.h"
 #include "capture/ecrans/F_Saisie_Departement.h"
+#include "capture/ecrans/F_Saisie_SS_BV.h"
+#include "capture/ecrans/F_Saisie_Station_Hydro.h"
+#include "capture/ecrans/F_Saisie_Station_Mesure.h"
+#include "capture/ecrans/F_Saisie_Station_Pluvio.h"
 #include "exchange/ecrans/ControleurImport.h"
 #include "exchange/ecrans/F_Import_physico.h"
 #include "exchange/ecrans/F_Import_phyto.h"
@@ -68,6 +73,11 @@ const QList<EntreeRegistre> &registreEcrans()
         commande(u"mnu_sauv_coul", CommandesMaintenance::sauvegarderCouleurs),
         commande(u"mnu_rest_coul", CommandesMaintenance::restaurerCouleurs),
         ecran<F_couleurs>(u"mnu_mod_coul"),
+        ecran<F_Saisie_BV>(u"m_BV"),
+        ecran<F_Saisie_Station_Mesure>(u"m_station_qualite"),
+        ecran<F_Saisie_Station_Hydro>(u"m_station_hydro"),
+        ecran<F_Saisie_Station_Pluvio>(u"m_station_pluvio"),
+        ecran<F_Saisie_SS_BV>(u"m_sous_bassin"),
         ecran<F_Saisie_Commune>(u"m_commune"),
         ecran<F_Saisie_Departement>(u"m_departement"),
         commande(u"mnu_trans_res", CommandesMaintenance::transposerReseaux),

@@ -35,7 +35,7 @@ struct EnregDEssai {
             return {};
         QStringList textes;
         for (int i = 0; i < r.colonnes().size(); ++i)
-            textes << (r.valeur(i).isNull() ? QStringLiteral("NULL") : r.texte(i));
+            textes << montrer(r.valeur(i));
         return textes.join(u'|');
     }
     // The first column of every row.
@@ -44,8 +44,15 @@ struct EnregDEssai {
         QStringList textes;
         Requete r = base.donnees.executer(QString::fromUtf8(sql));
         while (r.suivant())
-            textes << (r.valeur(0).isNull() ? QStringLiteral("NULL") : r.texte(0));
+            textes << montrer(r.valeur(0));
         return textes;
+    }
+    static QString montrer(const QVariant &valeur)
+    {
+        if (valeur.isNull())
+            return QStringLiteral("NULL");
+        return valeur.typeId() == QMetaType::Double ? QString::number(valeur.toDouble(), 'g', 12)
+                                                    : valeur.toString();
     }
     // Titles of the questions asked, in order.
     QStringList titres() const

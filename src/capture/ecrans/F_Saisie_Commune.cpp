@@ -8,10 +8,7 @@ F_Saisie_Commune::F_Saisie_Commune(Session &session, Cadre &cadre)
     : FicheReference(session, cadre, Fiches::commune()), m_ui(std::make_unique<Ui::F_Saisie_Commune>())
 {
     m_ui->setupUi(this);
-    connect(m_ui->cmd_departement, &QPushButton::clicked, this, [this] {
-        ouvrir<F_Saisie_Departement>(this->session(), this->cadre(), this, OrigineSaisie::COMMUNE,
-                                     [this] { rafraichir(); });
-    });
+    appeler<F_Saisie_Departement>(m_ui->cmd_departement, OrigineSaisie::COMMUNE);
     preparerFiche();
 }
 

@@ -2,6 +2,7 @@
 
 #include "capture/SuppressionFiche.h"
 #include "platform/Dialogue.h"
+#include "widgets/ListeFiltree.h"
 #include "widgets/ZoneCombo.h"
 #include "widgets/ZoneComboLibre.h"
 #include "widgets/ZoneLibelle.h"
@@ -9,7 +10,6 @@
 
 #include <QCloseEvent>
 #include <QLineEdit>
-#include <QPushButton>
 
 FicheReference::FicheReference(Session &session, Cadre &cadre, const DescriptionFiche &description)
     : Ecran(session, cadre), m_description(description), m_mode(session.ModeSaisie),
@@ -126,6 +126,12 @@ QStringList FicheReference::saisie() const
     QStringList textes;
     for (const ChampFiche &champ : m_description.champs)
         textes << texte(champ);
+    const LiensFiche choisis = liens();
+    for (const LienFiche &lien : m_description.liens) {
+        QStringList codes = choisis.value(lien.table);
+        codes.sort();
+        textes << codes.join(u'\n');
+    }
     return textes + saisieDependante();
 }
 
@@ -156,6 +162,41 @@ void FicheReference::remplirCombo(ZoneCombo *combo, const ListeChoix &lignes)
 {
     m_listes.insert(combo, lignes);
     combo->remplir(lignes);
+}
+
+void FicheReference::remplirListe(ListeFiltree *liste, const ListeChoix &lignes)
+{
+    m_listesLiees.insert(liste, lignes);
+    montrerLies(liste->objectName(), liste->codes());
+}
+
+void FicheReference::montrerLies(const QString &nom, const QStringList &codes)
+{
+    auto *liste = findChild<ListeFiltree *>(nom);
+    ListeChoix choisies;
+    ListeChoix autres;
+    QStringList connus;
+    for (const Choix &ligne : m_listesLiees.value(liste)) {
+        (codes.contains(ligne.code) ? choisies : autres).append(ligne);
+        connus << ligne.code;
+    }
+    for (const QString &code : codes) {
+        if (!connus.contains(code))
+            choisies.append({code, code});
+    }
+    liste->remplir(choisies + autres);
+    liste->choisir(codes);
+    liste->scrollToTop();
+}
+
+LiensFiche FicheReference::liens() const
+{
+    LiensFiche choisis;
+    for (const LienFiche &lien : m_description.liens) {
+        if (const auto *liste = findChild<ListeFiltree *>(lien.controle))
+            choisis.insert(lien.table, liste->codes());
+    }
+    return choisis;
 }
 
 void FicheReference::remplirCles()
@@ -189,6 +230,8 @@ void FicheReference::vider()
             m_cles->vider();
         for (const ChampFiche &champ : m_description.champs)
             fixer(champ, {});
+        for (const LienFiche &lien : m_description.liens)
+            montrerLies(lien.controle, {});
         montrerDependants(nullptr);
     }
     retenirSaisie();
@@ -208,6 +251,8 @@ void FicheReference::charger(const QString &code)
             m_cles->choisir(code);
         for (const ChampFiche &champ : m_description.champs)
             fixer(champ, lue->valeurs.value(champ.colonne));
+        for (const LienFiche &lien : m_description.liens)
+            montrerLies(lien.controle, lue->liens.value(lien.table));
         montrerDependants(&*lue);
     }
     retenirSaisie();
@@ -277,7 +322,8 @@ void FicheReference::montrerEtat()
 
 Enregistrement FicheReference::enregistrement() const
 {
-    return M_Enreg_Tables::ligne(m_description, valeurs(), m_chargee ? m_chargee->interne : QString());
+    return M_Enreg_Tables::ligne(m_description, valeurs(), m_chargee ? m_chargee->interne : QString(),
+                                 liens());
 }
 
 void FicheReference::refuser(const RefusFiche &refus)

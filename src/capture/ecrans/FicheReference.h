@@ -10,9 +10,10 @@
 #include "widgets/Ecran.h"
 
 #include <QHash>
+#include <QPushButton>
 #include <QScopedValueRollback>
 
-class QPushButton;
+class ListeFiltree;
 class ZoneCombo;
 class ZoneComboLibre;
 
@@ -47,7 +48,7 @@ enum : int {
 //     }
 //
 // The controls are found by their names: those of the table of fields (ZoneLibelle, ZoneMemo, ZoneNombre, ZoneDate,
-// ZoneCombo, ZoneComboLibre or QLineEdit); the key combo `cmb_code` or `cmb_nom` (a ZoneCombo, or, where the
+// ZoneCombo, ZoneComboLibre or QLineEdit) and of its link tables (ListeFiltree); the key combo `cmb_code` or `cmb_nom` (a ZoneCombo, or, where the
 // key is typed in it, a ZoneComboLibre that is also in the table of fields); `cmd_valider`, `cmd_annul`, `cmd_suppr`,
 // `cmd_fermer`.
 //
@@ -100,9 +101,18 @@ protected:
 
     // Empties the sheet, under ViderEnCours; each sheet gives it its own name (Vider_Commune).
     void vider();
+    // A button opens another sheet; when that one closes, the lists of this one are read again.
+    template <typename Fiche> void appeler(QPushButton *bouton, int origine)
+    {
+        connect(bouton, &QAbstractButton::clicked, this, [this, origine] {
+            ouvrir<Fiche>(session(), cadre(), this, origine, [this] { rafraichir(); });
+        });
+    }
     // Fills a combo. A stored value that is not among the rows is added when a row that holds it is shown, so that a save
     // keeps it.
     void remplirCombo(ZoneCombo *combo, const ListeChoix &lignes);
+    // Fills the list of a link table. Chosen rows are shown first, so that they are seen in a long list.
+    void remplirListe(ListeFiltree *liste, const ListeChoix &lignes);
     // The lists of all combos and of the key combo, read again; what was chosen stays.
     void rafraichir();
     // Shows the row of this key, if there is one; for screens that open the sheet on it.
@@ -125,6 +135,8 @@ protected:
     const DescriptionFiche &description() const { return m_description; }
     // The values of the fields, by column.
     ValeursFiche valeurs() const;
+    // The rows chosen in the lists, by link table.
+    LiensFiche liens() const;
     QString texte(const ChampFiche &champ) const;
     void fixer(const ChampFiche &champ, const QString &texte);
     // The row that is loaded, or nothing for a new one.
@@ -156,7 +168,10 @@ private:
     ZoneComboLibre *m_clesLibres = nullptr;
     QPushButton *m_valider = nullptr;
     QPushButton *m_suppr = nullptr;
+    void montrerLies(const QString &controle, const QStringList &codes);
+
     QHash<ZoneCombo *, ListeChoix> m_listes;
+    QHash<ListeFiltree *, ListeChoix> m_listesLiees;
     std::optional<FicheLue> m_chargee;
     QStringList m_saisieConnue; // as loaded, or as emptied
     bool m_fermetureDecidee = false;
