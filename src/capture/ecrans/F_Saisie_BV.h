@@ -5,6 +5,9 @@
 
 #include <memory>
 
+class DelegueChoix;
+class TableObjectifs;
+
 namespace Ui
 {
 class F_Saisie_BV;
@@ -23,10 +26,14 @@ protected:
     void remplirListes() override;
     void montrerDependants(const FicheLue *fiche) override;
     QStringList saisieDependante() const override;
+    bool terminerSaisie() override;
     std::optional<RefusFiche> refusSaisie() const override;
     Enregistrement enregistrement() const override;
 
 private:
     std::unique_ptr<Ui::F_Saisie_BV> m_ui;
+    TableObjectifs *m_objectifs;
+    DelegueChoix *m_parametres;
+    DelegueChoix *m_fractions;
     QStringList m_sousBassinsLus; // of the row that is shown
 };

@@ -335,7 +335,7 @@ void FicheReference::refuser(const RefusFiche &refus)
 
 void FicheReference::valider()
 {
-    if (!verifierZones())
+    if (!verifierZones() || !terminerSaisie())
         return;
     std::optional<RefusFiche> refus = ReglesFiche::refusFiche(m_description, valeurs());
     if (!refus)

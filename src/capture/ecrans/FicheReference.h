@@ -125,6 +125,8 @@ protected:
     virtual void montrerDependants(const FicheLue * /*fiche*/) {}
     // what the user has put beside the fields, to tell whether anything has changed;
     virtual QStringList saisieDependante() const { return {}; }
+    // takes what is being typed outside the fields (a grid's cell); false where it cannot be taken, which is told;
+    virtual bool terminerSaisie() { return true; }
     // what refuses the save beside the fields;
     virtual std::optional<RefusFiche> refusSaisie() const { return std::nullopt; }
     // what the save writes.
