@@ -7,8 +7,8 @@ namespace
 // The norm's row: that of 1841 whatever its fraction.
 QString conditionNorme(const QString &code)
 {
-    return FicheParametre::sansFraction(code) ? QStringLiteral("CodeParam = ?1")
-                                              : QStringLiteral("CodeParam = ?1 AND CD_FRACTION = ?2");
+    return FicheParametre::sansFraction(code) ? QStringLiteral("CodeParam = ?")
+                                              : QStringLiteral("CodeParam = ? AND CD_FRACTION = ?");
 }
 
 void ecrireNorme(const DataEnvironment1 &donnees, const QString &code, const QString &fraction,

@@ -4,6 +4,8 @@
 #include "capture/SuppressionFiche.h"
 #include "database/DataEnvironment1.h"
 
+#include <QSqlRecord>
+
 namespace
 {
 using Champs = QList<ChampFiche>;
@@ -109,10 +111,7 @@ constexpr Place PLACES_REPORTEES[] = {
 
 bool aColonne(const DataEnvironment1 &donnees, const QString &table, const QString &colonne)
 {
-    return donnees
-        .executer(QStringLiteral("SELECT 1 FROM pragma_table_info(?) WHERE name = ? COLLATE NOCASE"),
-                  {table, colonne})
-        .suivant();
+    return donnees.Connect_Bdd().record(table).contains(colonne);
 }
 } // namespace
 
@@ -170,8 +169,8 @@ qint64 FichesIntervenants::prelevements(const DataEnvironment1 &donnees, const Q
 {
     return donnees
         .valeur(QStringLiteral(
-                    "SELECT count(*) FROM PRELEVEMENT WHERE CodeSandrePrelev = ?1 OR CodeSandreProd = ?1"),
-                {code})
+                    "SELECT count(*) FROM PRELEVEMENT WHERE CodeSandrePrelev = ? OR CodeSandreProd = ?"),
+                {code, code})
         .toLongLong();
 }
 

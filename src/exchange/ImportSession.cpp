@@ -2,6 +2,12 @@
 
 #include "platform/Chemins.h"
 
+bool ImportSession::donneDesCodes() const
+{
+    return typeImport == TypeImport::Trames || typeImport == TypeImport::TramesBis ||
+           typeImport == TypeImport::StationsTrames || typeImport == TypeImport::Quesu;
+}
+
 void ImportSession::viderCompteurs()
 {
     RemplacerTout = false;

@@ -58,6 +58,8 @@ struct ImportSession {
     // The file whose import the user has interrupted from the progress window; empty otherwise.
     QString FichierInterrompu;
 
+    // Frames and XML documents give codes where a workbook gives names.
+    bool donneDesCodes() const;
     // What the menu does before an import; LigneReprise stays.
     void viderCompteurs();
     // A new import of the file at this host path. The row at which a stopped import stood stays, on purpose, whatever the

@@ -6,13 +6,21 @@
 #include "capture/ecrans/F_Mesure_Physico.h"
 #include "capture/ecrans/F_Mesure_Pluvio.h"
 #include "capture/ecrans/F_Mesures_Phyto.h"
+#include "capture/ecrans/F_Organisme_Preleveur.h"
 #include "capture/ecrans/F_Saisie_BV.h"
 #include "capture/ecrans/F_Saisie_Commune.h"
 #include "capture/ecrans/F_Saisie_Departement.h"
+#include "capture/ecrans/F_Saisie_Gestionnaire.h"
+#include "capture/ecrans/F_Saisie_Laboratoire.h"
+#include "capture/ecrans/F_Saisie_Methode.h"
+#include "capture/ecrans/F_Saisie_Parametre.h"
+#include "capture/ecrans/F_Saisie_Reseau.h"
+#include "capture/ecrans/F_Saisie_SEQ.h"
 #include "capture/ecrans/F_Saisie_SS_BV.h"
 #include "capture/ecrans/F_Saisie_Station_Hydro.h"
 #include "capture/ecrans/F_Saisie_Station_Mesure.h"
 #include "capture/ecrans/F_Saisie_Station_Pluvio.h"
+#include "capture/ecrans/F_Saisie_Unite.h"
 #include "exchange/ecrans/ControleurImport.h"
 #include "exchange/ecrans/F_Import_physico.h"
 #include "exchange/ecrans/F_Import_phyto.h"
@@ -49,6 +57,11 @@ void importPhytoReuni(Session &session, Cadre & /*cadre*/)
     F_Import_phyto::annoncer(session);
 }
 
+void enIntervenant(Session &session)
+{
+    session.ModeIntervenant = true;
+}
+
 void viderCompteursImport(Session &session)
 {
     session.importSession.viderCompteurs();
@@ -80,6 +93,14 @@ const QList<EntreeRegistre> &registreEcrans()
         ecran<F_Saisie_SS_BV>(u"m_sous_bassin"),
         ecran<F_Saisie_Commune>(u"m_commune"),
         ecran<F_Saisie_Departement>(u"m_departement"),
+        ecran<F_Saisie_SEQ>(u"m_grille_seq"),
+        ecran<F_Saisie_Gestionnaire>(u"m_prelev", enIntervenant),
+        ecran<F_Saisie_Parametre>(u"mnu_param"),
+        ecran<F_Saisie_Unite>(u"m_unite"),
+        ecran<F_Saisie_Reseau>(u"m_reseau"),
+        ecran<F_Saisie_Methode>(u"m_methode"),
+        ecran<F_Saisie_Laboratoire>(u"m_laboratoire"),
+        ecran<F_Organisme_Preleveur>(u"m_preleveur"),
         commande(u"mnu_trans_res", CommandesMaintenance::transposerReseaux),
     };
     return registre;

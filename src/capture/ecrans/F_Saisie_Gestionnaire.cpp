@@ -3,6 +3,8 @@
 #include "capture/FichesIntervenants.h"
 #include "ui_F_Saisie_Gestionnaire.h"
 
+#include <QTimer>
+
 namespace
 {
 // From the menu alone: a screen or an import that opens the sheet wants a manager.
@@ -19,6 +21,7 @@ F_Saisie_Gestionnaire::F_Saisie_Gestionnaire(Session &session, Cadre &cadre)
     m_ui->setupUi(this);
     if (enIntervenant(session)) {
         setWindowTitle(QStringLiteral("INTERVENANT"));
+        m_ui->cadre_identite->setTitle(QStringLiteral("Intervenant"));
         m_ui->lbl_cle->setText(QStringLiteral("Intervenant &enregistré :"));
         m_ui->cmb_code->setToolTip(QStringLiteral(
             "Choisir un intervenant pour le consulter ou le modifier ; vide pour en saisir un nouveau"));
@@ -58,11 +61,13 @@ void F_Saisie_Gestionnaire::avertir()
         return;
     m_ui->lbl_report->setText(
         (m_prelevements == 1
-             ? QStringLiteral(
-                   "1 prélèvement garde l'ancien code « %1 » comme préleveur ou producteur. Pour le changer "
-                   "aussi : « Gestion Correspondance Intervenants ».")
-             : QStringLiteral(
-                   "%2 prélèvements gardent l'ancien code « %1 » comme préleveur ou producteur. Pour le "
-                   "changer aussi : « Gestion Correspondance Intervenants »."))
-            .arg(m_AncienCodeIntervenant, QString::number(m_prelevements)));
+             ? QStringLiteral("1 prélèvement garde l'ancien code (préleveur ou producteur).")
+             : QStringLiteral("%1 prélèvements gardent l'ancien code (préleveur ou producteur).")
+                   .arg(m_prelevements)) +
+        QStringLiteral("\nPour le changer aussi : « Gestion Correspondance Intervenants »."));
+    // The window takes the room that the line needs.
+    QTimer::singleShot(0, this, [this] {
+        QWidget *fenetre = parentWidget() ? parentWidget() : this;
+        fenetre->resize(fenetre->size() + (sizeHint() - size()).expandedTo({0, 0}));
+    });
 }

@@ -33,8 +33,6 @@ F_Saisie_Parametre::F_Saisie_Parametre(Session &session, Cadre &cadre)
     : FicheReference(session, cadre, Fiches::parametre()), m_ui(std::make_unique<Ui::F_Saisie_Parametre>())
 {
     m_ui->setupUi(this);
-    m_ui->lbl_sans_unite->setText(
-        QStringLiteral("Sans unité de référence, le paramètre n'apparaît dans aucune liste."));
     preparerFiche();
     reglerCode();
 

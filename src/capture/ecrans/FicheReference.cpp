@@ -77,6 +77,8 @@ void FicheReference::brancherChamp(const ChampFiche &champ)
         return;
     if (auto *ligne = qobject_cast<QLineEdit *>(widget))
         connect(ligne, &QLineEdit::editingFinished, this, &FicheReference::suivreCle);
+    if (auto *combo = qobject_cast<ZoneCombo *>(widget))
+        connect(combo, &ZoneCombo::choixChange, this, &FicheReference::suivreCle);
 }
 
 QString FicheReference::texte(const ChampFiche &champ) const
@@ -199,14 +201,19 @@ LiensFiche FicheReference::liens() const
     return choisis;
 }
 
+ListeChoix FicheReference::cles() const
+{
+    return LectureFiche::cles(session().donnees, m_description);
+}
+
 void FicheReference::remplirCles()
 {
-    const ListeChoix cles = LectureFiche::cles(session().donnees, m_description);
+    const ListeChoix lignes = cles();
     if (m_cles)
-        m_cles->remplir(cles);
+        m_cles->remplir(lignes);
     if (m_clesLibres) {
         QStringList textes;
-        for (const Choix &cle : cles)
+        for (const Choix &cle : lignes)
             textes << cle.texte;
         m_clesLibres->remplir(textes);
     }

@@ -121,6 +121,8 @@ protected:
     // For a sheet with more than the fields of its table:
     // fills its lists (at the start, and when a sheet opened from it closes);
     virtual void remplirListes() {}
+    // gives the rows of its key combo: what is unique as the code, the criterion as the text;
+    virtual ListeChoix cles() const;
     // shows what belongs to the row (nothing: the sheet is being emptied);
     virtual void montrerDependants(const FicheLue * /*fiche*/) {}
     // what the user has put beside the fields, to tell whether anything has changed;

@@ -33,13 +33,6 @@ const std::map<TypeImport, Lecteur> &lecteurs()
     return table;
 }
 
-// Frames and XML give codes where a workbook gives names.
-bool donneDesCodes(TypeImport type)
-{
-    return type == TypeImport::Trames || type == TypeImport::TramesBis ||
-           type == TypeImport::StationsTrames || type == TypeImport::Quesu;
-}
-
 TypeImport typeDuFichier(const QString &titre)
 {
     static const QStringList CLASSEURS = {QStringLiteral("xls"), QStringLiteral(".xlsx"),
@@ -103,7 +96,7 @@ void ControleurImport::importerFichier(Session &session, Cadre &cadre, const QSt
 void ControleurImport::RelancerImport(Session &session, Cadre &cadre)
 {
     ImportSession &import = session.importSession;
-    if (donneDesCodes(import.typeImport))
+    if (import.donneDesCodes())
         import.ElementNom.clear();
     const auto lecteur = lecteurs().find(import.typeImport);
     if (lecteur == lecteurs().end()) {

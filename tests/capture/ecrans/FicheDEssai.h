@@ -9,6 +9,7 @@
 #include "widgets/ZoneCombo.h"
 #include "widgets/ZoneComboLibre.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -67,6 +68,9 @@ template <typename Fiche> struct FicheDEssai {
             memo->selectAll();
             memo->insertPlainText(texte);
         }
+        // The proposals would take the key, which they hand on to the field.
+        if (QWidget *propositions = QApplication::activePopupWidget())
+            propositions->close();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QCoreApplication::processEvents();
     }
@@ -91,6 +95,8 @@ template <typename Fiche> struct FicheDEssai {
             return memo->toPlainText();
         if (const auto *bouton = qobject_cast<QPushButton *>(widget))
             return bouton->text();
+        if (const auto *libelle = qobject_cast<QLabel *>(widget))
+            return libelle->text();
         return dynamic_cast<QLineEdit &>(*widget).text();
     }
     void cliquer(const char *nom, const QList<Reponse> &reponses = {})
