@@ -144,6 +144,8 @@ private:
         dates.orientation(90);
         dates.titre({});
         mettre(dates);
+        // One of each day, as some readers draw them, would be a black band.
+        dates.graduations(Graduation::Aucune, Graduation::Aucune);
         AxeGraphique gauche = graphique.axe(TypeAxe::Valeur);
         EchelleAxe echelle;
         echelle.minimum = 0;

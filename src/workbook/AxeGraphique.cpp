@@ -210,6 +210,16 @@ void AxeGraphique::formatNombre(const QString &format)
         reglages.mettre("NumberFormat",
                         m_donnees->appeler([&] { return m_donnees->graphique->cleFormat(format); }));
     m_donnees->regler(reglages);
+    if (m_donnees->type != TypeAxe::Categorie || m_donnees->groupe != 1)
+        return;
+    // The filter leaves it out. The file's table of formats has those of cells only: the one under the chart holds it.
+    Graphique::Donnees &graphique = *m_donnees->graphique;
+    graphique.retouches->formatCategories = format;
+    if (!format.isEmpty())
+        m_donnees->appeler([&] {
+            graphique.coin->setPropertyValue("NumberFormat",
+                                             Any(graphique.feuille->classeur->cleFormat(format)));
+        });
 }
 
 QString AxeGraphique::formatNombre() const

@@ -32,7 +32,7 @@ const char *filtrePour(const QString &chemin)
         return "Calc MS Excel 2007 XML";
     if (extension == QLatin1String("ods"))
         return "calc8";
-    return "MS Excel 97";
+    return FILTRE_XLS;
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include "workbook/Classeur.h"
 #include "workbook/InstanceCalc.h"
+#include "workbook/RetouchesGraphique.h"
 #include "workbook/Uno.h"
 
 #include <com/sun/star/beans/XPropertySet.hpp>
@@ -40,6 +41,8 @@ public:
     // Charts that were asked for: drawn only when the workbook is to be seen, as the application would draw each anew
     // to answer the filter's questions, which takes longer than all the rest of a save.
     std::vector<css::uno::Reference<css::frame::XModel>> graphiques;
+    // What a .xls is to be given after each save.
+    QVector<std::shared_ptr<RetouchesGraphique>> retouches;
     void suspendre(const css::uno::Reference<css::frame::XModel> &graphique)
     {
         graphique->lockControllers();

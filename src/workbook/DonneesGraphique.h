@@ -69,6 +69,7 @@ public:
     css::uno::Reference<css::beans::XMultiPropertySet> reglages; // the same object
     TypeSerie type = TypeSerie::Ligne;
     int groupe = 1;
+    std::shared_ptr<RetouchesSerie> retouches = std::make_shared<RetouchesSerie>();
 
     // The values with their label; made when the series has none yet.
     const css::uno::Reference<css::chart2::data::XLabeledDataSequence> &valeurs(const Graphique::Donnees &g);
@@ -84,7 +85,7 @@ class Graphique::Donnees
 public:
     Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille, QString nomGraphique,
             const css::uno::Reference<css::drawing::XShape> &objetDessin,
-            const css::uno::Reference<css::uno::XInterface> &modele);
+            const css::uno::Reference<css::uno::XInterface> &modele, int rang);
 
     template <class F> std::invoke_result_t<F> appeler(F &&appels) const
     {
@@ -101,6 +102,8 @@ public:
 
     // Puts the series among those of its type and axis group, in the order in which they are drawn.
     void ranger(SerieGraphique::Donnees &serie);
+    // From now on the file is given what stands in the series' retouches.
+    void retoucher(SerieGraphique::Donnees &serie);
     void oter(SerieGraphique::Donnees &serie);
     bool aSecondaires() const;
     void oublierAxeVide();
@@ -116,7 +119,9 @@ public:
     css::uno::Reference<css::chart2::XCoordinateSystem> repere;
     css::uno::Reference<css::chart2::data::XDataProvider> source;
     std::vector<std::shared_ptr<SerieGraphique::Donnees>> series;
-    QString abscisses; // address of the categories, once set
+    QString abscisses;                                  // address of the categories, once set
+    css::uno::Reference<css::beans::XPropertySet> coin; // the cell under its corner
+    std::shared_ptr<RetouchesGraphique> retouches;
 
 private:
     void lireSeries();

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStorageInfo>
+#include <string_view>
 
 using css::uno::Any;
 using css::uno::Reference;
@@ -124,6 +125,11 @@ void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const
     } catch (const Erreur &e) {
         refuser(cheminHote, motifEchec(dossier, e.description()));
     }
+    const bool retouches = std::any_of(donnees.retouches.begin(), donnees.retouches.end(),
+                                       [](const auto &r) { return !r->vide(); });
+    if (retouches && std::string_view(filtre) == FILTRE_XLS &&
+        !retoucherFichier(provisoire, donnees.retouches))
+        refuser(cheminHote, QStringLiteral("les marques de ses graphiques n'ont pas pu y être mises."));
     const QString raison = mettreEnPlace(provisoire, cheminHote);
     QFile::remove(provisoire);
     refuser(cheminHote, raison);

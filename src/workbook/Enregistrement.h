@@ -4,6 +4,9 @@
 
 #include "workbook/DonneesClasseur.h"
 
+// The application's name for the format of .xls.
+inline constexpr char FILTRE_XLS[] = "MS Excel 97";
+
 // The spreadsheet writes into its own temporary folder, and the finished file is put in place from there: an instance
 // that is killed meanwhile leaves nothing beside the user's documents. An Erreur tells why the file cannot be written.
 void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre);

@@ -155,6 +155,27 @@ bool FichierCompose::flux(const QString &nom, qsizetype maximum, QByteArray &deb
     return false;
 }
 
+bool FichierCompose::remplacer(const QString &nom, const QByteArray &contenu) const
+{
+    for (const Entree &entree : m_entrees) {
+        if (entree.type != 2 || entree.nom != nom)
+            continue;
+        if (entree.taille != static_cast<quint64>(contenu.size()) || entree.taille < SEUIL_MINI)
+            return false;
+        const QVector<quint32> secteurs = chaine(m_table, entree.premier, entree.taille, m_tailleSecteur);
+        qsizetype place = 0;
+        for (const quint32 numero : secteurs) {
+            const QByteArray octets = contenu.mid(place, m_tailleSecteur);
+            const auto lieu = static_cast<qint64>((static_cast<quint64>(numero) + 1) * m_tailleSecteur);
+            if (!m_fichier->seek(lieu) || m_fichier->write(octets) != octets.size())
+                return false;
+            place += octets.size();
+        }
+        return place == contenu.size() && m_fichier->flush();
+    }
+    return false;
+}
+
 bool FichierCompose::present(quint32 numero, quint32 octets) const
 {
     return (static_cast<quint64>(numero) + 1) * m_tailleSecteur + octets <=

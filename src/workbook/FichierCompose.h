@@ -16,6 +16,9 @@ public:
     QStringList noms() const;
     // Whether every sector of this stream is in the file, and its first bytes, at most `maximum`.
     bool flux(const QString &nom, qsizetype maximum, QByteArray &debut) const;
+    // Writes a stream anew, in its own place and length; the file must be open for writing too. False for a stream of
+    // another length or one that is kept among the small ones.
+    bool remplacer(const QString &nom, const QByteArray &contenu) const;
 
 private:
     struct Entree {

@@ -23,6 +23,7 @@
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <com/sun/star/util/XNumberFormats.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
+#include <QRegularExpression>
 
 using css::uno::Any;
 using css::uno::Reference;
@@ -95,7 +96,7 @@ Reference<css::chart2::XTitle> titreDe(const Reference<css::uno::XInterface> &po
 
 Graphique::Donnees::Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille, QString nomGraphique,
                             const Reference<css::drawing::XShape> &objetDessin,
-                            const Reference<css::uno::XInterface> &modeleGraphique)
+                            const Reference<css::uno::XInterface> &modeleGraphique, int rang)
     : feuille(std::move(donneesFeuille)), nom(std::move(nomGraphique)), forme(objetDessin),
       modele(modeleGraphique, UNO_QUERY_THROW), document(modeleGraphique, UNO_QUERY_THROW)
 {
@@ -107,6 +108,16 @@ Graphique::Donnees::Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille, QS
     repere = tous[0];
     source = document->getDataProvider();
     feuille->classeur->suspendre(modele);
+    auto &toutes = feuille->classeur->retouches;
+    const auto sienne = std::find_if(toutes.begin(), toutes.end(), [&](const auto &r) {
+        return r->feuille == feuille->rang() && r->rang == rang;
+    });
+    retouches = sienne != toutes.end() ? *sienne : std::make_shared<RetouchesGraphique>();
+    if (sienne == toutes.end()) {
+        retouches->feuille = feuille->rang();
+        retouches->rang = rang;
+        toutes.append(retouches);
+    }
     lireSeries();
 }
 
@@ -145,6 +156,27 @@ Reference<css::uno::XInterface> Graphique::Donnees::creer(const char *service) c
 
 namespace
 {
+// Cells of an address with its sheet; nothing for a longer list of them.
+std::optional<RectangleCellules> rectangle(const QString &adresse)
+{
+    static const QRegularExpression forme(
+        QStringLiteral("\\.\\$?([A-Z]+)\\$?([0-9]+)(?::\\$?([A-Z]+)\\$?([0-9]+))?$"));
+    const QRegularExpressionMatch lue = forme.match(adresse);
+    if (!lue.hasMatch())
+        return std::nullopt;
+    const auto colonne = [](const QString &lettres) {
+        int numero = 0;
+        for (const QChar lettre : lettres)
+            numero = numero * 26 + lettre.unicode() - 'A' + 1;
+        return numero - 1;
+    };
+    const int ligne = lue.captured(2).toInt() - 1;
+    const int premiere = colonne(lue.captured(1));
+    if (lue.captured(4).isEmpty())
+        return RectangleCellules{ligne, premiere, ligne, premiere};
+    return RectangleCellules{ligne, premiere, lue.captured(4).toInt() - 1, colonne(lue.captured(3))};
+}
+
 QString colonneEnLettres(int colonne) // from 0
 {
     QString lettres;
@@ -163,10 +195,10 @@ QString Graphique::Donnees::adresseDe(const Plage &cellules) const
             versQt(Reference<css::container::XNamed>(cellules.donnees().feuille->objet(), UNO_QUERY_THROW)
                        ->getName())
                 .replace(QLatin1Char('\''), QLatin1String("''"));
-    const QString coin = QStringLiteral("$'%1'.$%2$%3")
+    const QString debut = QStringLiteral("$'%1'.$%2$%3")
                              .arg(nomFeuille, colonneEnLettres(lieu.StartColumn))
                              .arg(lieu.StartRow + 1);
-    return coin + QStringLiteral(":$%1$%2").arg(colonneEnLettres(lieu.EndColumn)).arg(lieu.EndRow + 1);
+    return debut + QStringLiteral(":$%1$%2").arg(colonneEnLettres(lieu.EndColumn)).arg(lieu.EndRow + 1);
 }
 
 Reference<css::chart2::data::XDataSequence> Graphique::Donnees::suite(const Plage &cellules,
@@ -248,6 +280,15 @@ void Graphique::Donnees::ranger(SerieGraphique::Donnees &serie)
     });
     types.insert(apres, nouveau);
     typesDe(*this)->setChartTypes({types.data(), static_cast<sal_Int32>(types.size())});
+}
+
+void Graphique::Donnees::retoucher(SerieGraphique::Donnees &serie)
+{
+    if (!serie.retouches->valeurs) // a series of the file: "$Mesures.$B$9:$B$60"
+        serie.retouches->valeurs =
+            rectangle(versQt(serie.valeurs(*this)->getValues()->getSourceRangeRepresentation()));
+    if (!retouches->series.contains(serie.retouches))
+        retouches->series.append(serie.retouches);
 }
 
 void Graphique::Donnees::oter(SerieGraphique::Donnees &serie)

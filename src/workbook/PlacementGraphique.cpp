@@ -35,16 +35,18 @@ Reference<css::table::XTableCharts> graphiquesDe(const Feuille::Donnees &feuille
     return Reference<css::table::XTableChartsSupplier>(feuille.objet(), UNO_QUERY_THROW)->getCharts();
 }
 
-// Where the cell under the chart's corner stands.
-std::optional<CadreDessin> cadreNomme(const Feuille::Donnees &feuille, const QString &nom)
+// The cell under the chart's corner; empty without.
+Reference<css::beans::XPropertySet> celluleNommee(const Feuille::Donnees &feuille, const QString &nom)
 {
     const auto noms = nomsDe(feuille);
     if (!noms->hasByName(nomDefini(nom)))
-        return std::nullopt;
+        return {};
     const Reference<css::sheet::XCellRangeReferrer> nommee(noms->getByName(nomDefini(nom)), UNO_QUERY_THROW);
-    const Reference<css::beans::XPropertySet> cellule(nommee->getReferredCells(), UNO_QUERY);
-    if (!cellule.is())
-        return std::nullopt;
+    return {nommee->getReferredCells(), UNO_QUERY};
+}
+
+CadreDessin cadreDe(const Reference<css::beans::XPropertySet> &cellule)
+{
     css::awt::Point coin;
     css::awt::Size taille;
     cellule->getPropertyValue("Position") >>= coin;
@@ -73,21 +75,27 @@ bool estObjet(const Reference<css::drawing::XShape> &forme)
         ->supportsService("com.sun.star.drawing.OLE2Shape");
 }
 
+struct FormeTrouvee {
+    Reference<css::drawing::XShape> forme;
+    int rang = 0; // among the charts of the sheet
+};
+
 // The chart whose corner stands in this cell.
-Reference<css::drawing::XShape> formeDans(const Feuille::Donnees &feuille, const CadreDessin &cellule)
+FormeTrouvee formeDans(const Feuille::Donnees &feuille, const CadreDessin &cellule)
 {
     // Files keep places in fractions of a cell, so that a corner comes back some hundredths beside.
     constexpr int TOLERANCE = 50;
     const auto page = dessinsDe(feuille);
+    int rang = 0;
     for (sal_Int32 i = 0; i < page->getCount(); ++i) {
         const Reference<css::drawing::XShape> forme(page->getByIndex(i), UNO_QUERY_THROW);
-        if (!estObjet(forme))
+        if (!estObjet(forme) || !graphiquesDe(feuille)->hasByName(nomObjet(forme)))
             continue;
         const css::awt::Point coin = forme->getPosition();
         if (coin.X >= cellule.x - TOLERANCE && coin.X < cellule.x + cellule.largeur + TOLERANCE &&
-            coin.Y >= cellule.y - TOLERANCE && coin.Y < cellule.y + cellule.hauteur + TOLERANCE &&
-            graphiquesDe(feuille)->hasByName(nomObjet(forme)))
-            return forme;
+            coin.Y >= cellule.y - TOLERANCE && coin.Y < cellule.y + cellule.hauteur + TOLERANCE)
+            return {forme, rang};
+        ++rang;
     }
     return {};
 }
@@ -117,11 +125,13 @@ template <class Bandes> sal_Int32 bandeA(const Bandes &bandes, int position, boo
 Graphique Feuille::graphique(const QString &nom) const
 {
     return m_donnees->appeler([&] {
-        const auto cellule = cadreNomme(*m_donnees, nom);
-        const auto forme = cellule ? formeDans(*m_donnees, *cellule) : Reference<css::drawing::XShape>();
+        const auto cellule = celluleNommee(*m_donnees, nom);
+        const auto [forme, rang] = cellule.is() ? formeDans(*m_donnees, cadreDe(cellule)) : FormeTrouvee();
         if (!forme.is())
             throw Erreur(GraphiqueAbsent, QStringLiteral("La feuille n'a pas de graphique « %1 ».").arg(nom));
-        return Graphique(std::make_shared<Graphique::Donnees>(m_donnees, nom, forme, modele(forme)));
+        auto donnees = std::make_shared<Graphique::Donnees>(m_donnees, nom, forme, modele(forme), rang);
+        donnees->coin = cellule;
+        return Graphique(donnees);
     });
 }
 
@@ -145,12 +155,16 @@ Graphique Feuille::ajouterGraphique(const QString &nom, const CadreDessin &cadre
                            false);
         const auto page = dessinsDe(*m_donnees);
         Reference<css::drawing::XShape> forme;
-        for (sal_Int32 i = page->getCount() - 1; i >= 0 && !forme.is(); --i) {
+        int rang = -1;
+        for (sal_Int32 i = 0; i < page->getCount() && !forme.is(); ++i) {
             const Reference<css::drawing::XShape> dessin(page->getByIndex(i), UNO_QUERY_THROW);
-            if (estObjet(dessin) && nomObjet(dessin) == objet)
+            if (!estObjet(dessin))
+                continue;
+            ++rang;
+            if (nomObjet(dessin) == objet)
                 forme = dessin;
         }
-        auto donnees = std::make_shared<Graphique::Donnees>(m_donnees, nom, forme, modele(forme));
+        auto donnees = std::make_shared<Graphique::Donnees>(m_donnees, nom, forme, modele(forme), rang);
         const auto series = donnees->series;
         donnees->series.clear();
         for (const auto &serie : series)
@@ -162,6 +176,7 @@ Graphique Feuille::ajouterGraphique(const QString &nom, const CadreDessin &cadre
         coin->getPropertyValue("AbsoluteName") >>= adresse;
         noms->addNewByName(nomDefini(nom), adresse,
                            css::table::CellAddress(m_donnees->rang(), colonne, ligne), 0);
+        donnees->coin = coin;
         return Graphique(donnees);
     });
 }
@@ -173,5 +188,11 @@ void Graphique::supprimer()
         const auto noms = nomsDe(*m_donnees->feuille);
         if (noms->hasByName(nomDefini(m_donnees->nom)))
             noms->removeByName(nomDefini(m_donnees->nom));
+        // Those after it move up.
+        auto &toutes = m_donnees->feuille->classeur->retouches;
+        toutes.removeOne(m_donnees->retouches);
+        for (const auto &autre : toutes)
+            if (autre->feuille == m_donnees->retouches->feuille && autre->rang > m_donnees->retouches->rang)
+                --autre->rang;
     });
 }

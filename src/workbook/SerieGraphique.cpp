@@ -86,6 +86,18 @@ css::chart2::Symbol symbole(const AspectMarqueur &aspect, sal_Int32 couleurSerie
     return symbole;
 }
 
+// The filter gives a marker the colour of its series or point, and a fill.
+RetoucheMarqueur retouche(const AspectMarqueur &aspect)
+{
+    RetoucheMarqueur voulue;
+    if (!aspect.bord.estAutomatique() && !aspect.bord.estAucune())
+        voulue.bord = aspect.bord.rvb();
+    if (!aspect.fond.estAutomatique() && !aspect.fond.estAucune())
+        voulue.fond = aspect.fond.rvb();
+    voulue.sansFond = aspect.fond.estAucune();
+    return voulue;
+}
+
 AspectMarqueur aspect(const css::chart2::Symbol &symbole)
 {
     AspectMarqueur lu;
@@ -295,6 +307,12 @@ void SerieGraphique::marqueur(const AspectMarqueur &aspect)
         sal_Int32 couleur = 0;
         m_donnees->lire("Color") >>= couleur;
         Reglages().mettre("Symbol", symbole(aspect, couleur)).appliquer(m_donnees->reglages);
+        if (const auto voulu = retouche(aspect); voulu.bord || voulu.fond || voulu.sansFond) {
+            m_donnees->retouches->serie = voulu;
+            m_graphique->retoucher(*m_donnees);
+        } else {
+            m_donnees->retouches->serie.reset();
+        }
     });
 }
 
@@ -309,8 +327,13 @@ void SerieGraphique::marqueurs(const QVector<int> &points, const AspectMarqueur 
         // A point's own colour is that of its marker in the file.
         if (!aspect.bord.estAutomatique())
             reglages.mettre("Color", voulu.BorderColor);
-        for (const int point : points)
+        const RetoucheMarqueur voulue = retouche(aspect);
+        for (const int point : points) {
             reglages.appliquer(m_donnees->objet->getDataPointByIndex(point - 1));
+            m_donnees->retouches->points.insert(point - 1, voulue);
+        }
+        if (!points.isEmpty())
+            m_graphique->retoucher(*m_donnees);
     });
 }
 

@@ -1,0 +1,50 @@
+// What the application's filter of .xls cannot write of a chart, put into the finished file: markers without fill or with
+// colours of their own, the line through a marked point, the number format of the category axis.
+//
+// Records of the format are changed in place ([MS-XLS]: MarkerFormat, LineFormat, IFmtRecord), so that no other part of
+// the file moves.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+#include <QVector>
+
+// A rectangle of cells, rows and columns from 0.
+struct RectangleCellules {
+    int ligne1 = 0;
+    int colonne1 = 0;
+    int ligne2 = 0;
+    int colonne2 = 0;
+    bool operator==(const RectangleCellules &) const = default;
+};
+
+struct RetoucheMarqueur {
+    std::optional<int> bord; // 0xRRGGBB; none: as the filter wrote it
+    std::optional<int> fond;
+    bool sansFond = false;
+};
+
+struct RetouchesSerie {
+    std::optional<RectangleCellules> valeurs; // by which the series is known in the file
+    std::optional<RetoucheMarqueur> serie;
+    QHash<int, RetoucheMarqueur> points; // from 0; their lines become the series' one again
+};
+
+struct RetouchesGraphique {
+    int feuille = 0; // place of the sheet, from 0
+    int rang = 0;    // place of the chart among those of its sheet, from 0
+    QVector<std::shared_ptr<RetouchesSerie>> series;
+    QString
+        formatCategories; // English form; it must be in the workbook's table of formats, or it is left out
+
+    bool vide() const;
+};
+
+// Changes the stream "Workbook" of a .xls, whose length stays. False when its records do not hang together: it is then to
+// be left as it was.
+bool retoucherClasseur(QByteArray &flux, const QVector<std::shared_ptr<RetouchesGraphique>> &retouches);
+// The same on a file.
+bool retoucherFichier(const QString &chemin, const QVector<std::shared_ptr<RetouchesGraphique>> &retouches);
