@@ -141,7 +141,8 @@ void GrilleListes::allerA(int ligne, int numero)
 {
     setFocus(Qt::OtherFocusReason);
     const QModelIndex cellule = model()->index(ligne, numero);
-    setCurrentIndex(cellule);
+    // Whatever keys are held: after Ctrl+V, the view's own way would add to the selection.
+    selectionModel()->setCurrentIndex(cellule, QItemSelectionModel::ClearAndSelect);
     scrollTo(cellule);
 }
 
@@ -264,7 +265,8 @@ void GrilleListes::coller()
                 ecrire(cellule, textes[j]); // the first refusal alone is told
         }
     }
-    setCurrentIndex(model()->index(premiere, gauche));
+    if (!m_refus)
+        allerA(premiere, gauche);
 }
 
 // --- Keys and mouse
