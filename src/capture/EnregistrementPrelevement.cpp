@@ -140,7 +140,11 @@ private:
             l.lieu.isEmpty() ? QVariant() : QVariant(M_Sandrification::CodeLieuAnalyse(l.lieu));
         const auto intervenant = [this, lue](const QString &nom, const QString &nomLu, const QVariant &code,
                                              const QString &quoi) {
-            return lue && nom == nomLu ? code : texteOuNul(codeIntervenant(nom, quoi));
+            // A code that was changed on the actor's sheet meanwhile is found anew by the name.
+            const bool tient =
+                lue && nom == nomLu &&
+                (nom.isEmpty() || M_Referentiels::NomGestionnaire(m_donnees, code.toString()) == nom);
+            return tient ? code : texteOuNul(codeIntervenant(nom, quoi));
         };
         return {
             garder(lue && l.resultat == t.resultat, s.resultat, VersNombre(l.resultat)),

@@ -6,7 +6,7 @@
 namespace
 {
 constexpr int LIGNE_ENTETES = 6;
-constexpr int GRIS = 15; // of the default palette
+constexpr int FOND_INTITULES = 33; // as in the reports
 
 struct Colonne {
     QStringView titre;
@@ -115,8 +115,14 @@ VueMesures VisualisationPrelevement::vue(const DemandeVisualisation &demande)
         Plage entetes = feuille.plage(LIGNE_ENTETES, 1, LIGNE_ENTETES, largeur);
         entetes.gras(true);
         entetes.renvoiALaLigne(true);
-        entetes.fond(GRIS);
+        entetes.fond(FOND_INTITULES);
         entetes.bord(Bord::Bas, TraitBord::Continu);
+        MiseEnPage page;
+        page.paysage = true;
+        page.premiereLigneRepetee = LIGNE_ENTETES;
+        page.derniereLigneRepetee = LIGNE_ENTETES;
+        page.piedDroite = QStringLiteral("Page &P / &N");
+        feuille.mettreEnPage(page);
     };
     return vue;
 }

@@ -1,5 +1,6 @@
 #include "capture/ecrans/EcranDetailPrelevement.h"
 
+#include "capture/ecrans/F_Saisie_Reseau.h"
 #include "capture/ListesPrelevement.h"
 #include "database/M_Reseaux.h"
 #include "frame/Session.h"
@@ -59,8 +60,13 @@ EcranDetailPrelevement::EcranDetailPrelevement(Session &session, Cadre &cadre, F
     connect(m_ui->cmb_reseau, &ZoneCombo::choixChange, this, &EcranDetailPrelevement::actualiserBoutons);
     connect(m_ui->lst_reseaux, &QListWidget::itemSelectionChanged, this,
             &EcranDetailPrelevement::actualiserBoutons);
-    m_ui->cmd_nouveauReseau->setEnabled(false);
-    m_ui->cmd_nouveauReseau->setToolTip(QStringLiteral("Pas encore disponible dans cette version"));
+    connect(m_ui->cmd_nouveauReseau, &QPushButton::clicked, this, [this] {
+        FicheReference::ouvrir<F_Saisie_Reseau>(this->session(), this->cadre(), this,
+                                                m_famille == FamillePrelevement::Pesticides
+                                                    ? OrigineSaisie::MESURE_PHYTO
+                                                    : OrigineSaisie::MESURE_PHYSICO,
+                                                [this] { executer([this] { chargerReseaux(); }); });
+    });
     executer([this] { chargerReseaux(); });
     montrerLigne();
     commencerPar(m_ui->txt_LD);

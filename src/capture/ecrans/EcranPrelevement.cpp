@@ -1,6 +1,10 @@
 #include "capture/ecrans/EcranPrelevement.h"
 
 #include "capture/ecrans/EcranDetailPrelevement.h"
+#include "capture/ecrans/F_Organisme_Preleveur.h"
+#include "capture/ecrans/F_Saisie_Gestionnaire.h"
+#include "capture/ecrans/F_Saisie_Laboratoire.h"
+#include "capture/ecrans/F_Saisie_Parametre.h"
 #include "capture/EnregistrementPrelevement.h"
 #include "capture/LecturePrelevement.h"
 #include "capture/ListesPrelevement.h"
@@ -434,8 +438,37 @@ void EcranPrelevement::visualiser()
 
 void EcranPrelevement::agirAutre(int ligne, const QString &choix)
 {
-    if (choix.compare(choixAutre().first(), Qt::CaseInsensitive) == 0)
+    int rang = 0; // the last choice ends with a blank, which cells do not keep
+    while (rang < choixAutre().size() && choixAutre()[rang].trimmed() != choix)
+        ++rang;
+    switch (rang) {
+    case 0:
         ouvrirDetail(ligne, false);
+        break;
+    case 1:
+        ouvrirFiche<F_Saisie_Gestionnaire>();
+        break;
+    case 2:
+        ouvrirFiche<F_Saisie_Laboratoire>();
+        break;
+    case 3:
+        ouvrirFiche<F_Saisie_Parametre>();
+        break;
+    case 4:
+        ouvrirFiche<F_Organisme_Preleveur>();
+        break;
+    default: // "Nouveau réseau " opens nothing: the detail sheet has a button for that
+        break;
+    }
+}
+
+// A reference sheet, after which the lists of this screen are read again.
+template <typename Fiche> void EcranPrelevement::ouvrirFiche()
+{
+    FicheReference::ouvrir<Fiche>(session(), cadre(), this,
+                                  m_famille == FamillePrelevement::Pesticides ? OrigineSaisie::MESURE_PHYTO
+                                                                              : OrigineSaisie::MESURE_PHYSICO,
+                                  [this] { executer([this] { chargerListes(); }); });
 }
 
 void EcranPrelevement::ouvrirDetail(int ligne, bool reseaux)

@@ -53,6 +53,7 @@ private:
     void visualiser();
 
     void agirAutre(int ligne, const QString &choix);
+    template <typename Fiche> void ouvrirFiche();
     void ouvrirDetail(int ligne, bool reseaux);
     void montrerEchec(const QString &numeroEtDescription);
     ClePrelevement cle() const;
