@@ -8,7 +8,6 @@
 
 namespace
 {
-constexpr QStringView UNITE_NON_DEFINIE = u"non définie";
 // What stands for a null in some texts that came from elsewhere.
 constexpr QStringView TEXTE_NUL = u"Null";
 
@@ -45,17 +44,27 @@ void lireStation(const DataEnvironment1 &donnees, const DemandeRapport &demande,
         enTete.bassin = bassin.texte(QStringLiteral("NomBV"));
 }
 
+// The named command knows the parameters that have a unit; the others are offered by the screen all the same.
+QString codeParametre(const DataEnvironment1 &donnees, const QString &nom)
+{
+    const QString code = M_Referentiels::CodeParametre(donnees, nom);
+    return code.isEmpty()
+               ? donnees.valeur(QStringLiteral("SELECT CodeParam FROM PARAMETRE WHERE NomParam = ?"), {nom})
+                     .toString()
+               : code;
+}
+
 void lireParametre(const DataEnvironment1 &donnees, const DemandeRapport &demande, EnTeteRapport &enTete)
 {
     enTete.parametre = demande.parametre;
     enTete.unite = UNITE_NON_DEFINIE.toString();
-    enTete.codeParametre = M_Referentiels::CodeParametre(donnees, demande.parametre);
+    enTete.codeParametre = codeParametre(donnees, demande.parametre);
     if (enTete.codeParametre == M_Concentration_OVRA::CARBONE_ORGANIQUE) {
         const QString separateur = QStringLiteral(" - ");
         enTete.codeFraction = demande.fraction.section(separateur, 0, 0).trimmed();
-        const QString libelle = demande.fraction.section(separateur, 1);
-        if (!libelle.isEmpty())
-            enTete.parametre = libelle + separateur + demande.parametre;
+        enTete.libelleFraction = demande.fraction.section(separateur, 1);
+        if (!enTete.libelleFraction.isEmpty())
+            enTete.parametre = enTete.libelleFraction + separateur + demande.parametre;
     }
     Requete parametre =
         chercher(donnees, QStringLiteral("Parametre"), QStringLiteral("CodeParam"), enTete.codeParametre);

@@ -13,6 +13,9 @@
 
 class DataEnvironment1;
 
+// The unit of a parameter that has none.
+inline constexpr QStringView UNITE_NON_DEFINIE = u"non définie";
+
 // The station, the parameter and what its values are held against.
 struct EnTeteRapport {
     QString bassin; // NomBV
@@ -23,6 +26,7 @@ struct EnTeteRapport {
     QString unite;
     QString codeParametre;
     QString codeFraction; // empty but for organic carbon
+    QString libelleFraction;
     Limites limites;
     std::optional<GrilleSEQ> grille;
 };

@@ -168,14 +168,18 @@ StatistiquesPeriode calculerPeriode(const CumulPeriode &cumul, qint64 taille)
 }
 } // namespace
 
-EffetRemarque effetRemarque(const QString &codeRemarque)
+std::optional<double> numeroRemarque(const QString &codeRemarque)
 {
     QString nombre = codeRemarque.trimmed();
     nombre.replace(u',', u'.');
     bool lisible = false;
     const double code = nombre.toDouble(&lisible);
-    if (!lisible)
-        return EffetRemarque::TelQuel;
+    return lisible ? std::optional<double>(code) : std::nullopt;
+}
+
+EffetRemarque effetRemarque(const QString &codeRemarque)
+{
+    const std::optional<double> code = numeroRemarque(codeRemarque);
     if (code == 0)
         return EffetRemarque::Ecarte;
     return code == 2 ? EffetRemarque::Moitie : EffetRemarque::TelQuel;

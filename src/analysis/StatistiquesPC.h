@@ -22,6 +22,9 @@ struct EnregistrementPC {
     QString commentaire;  // CommResAnaPC, empty for null
 };
 
+// A remark code as a number, comma or point; none where it is empty or no number.
+std::optional<double> numeroRemarque(const QString &codeRemarque);
+
 // What becomes of a record because of its remark code. A code that is empty or not a number leaves the value as it is.
 enum class EffetRemarque { TelQuel, Ecarte, Moitie };
 EffetRemarque effetRemarque(const QString &codeRemarque);

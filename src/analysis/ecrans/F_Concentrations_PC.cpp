@@ -90,6 +90,9 @@ F_Concentrations_PC::F_Concentrations_PC(Session &session, Cadre &cadre, QWidget
             m_ui->opt_pluvio->setChecked(true);
     });
     connect(m_ui->cmd_rapport, &QPushButton::clicked, this, &F_Concentrations_PC::lancerRapport);
+    connect(m_ui->cmd_visualiser, &QPushButton::clicked, this, &F_Concentrations_PC::lancerGraphique);
+    connect(m_ui->cmd_graph_rapport, &QPushButton::clicked, this,
+            &F_Concentrations_PC::lancerGraphiqueEtRapport);
     connect(m_ui->cmd_fermer_flux, &QPushButton::clicked, this, &Ecran::fermer);
     m_ui->cmd_fermer_flux->setProperty("sansVerification", true);
 
@@ -257,11 +260,14 @@ void F_Concentrations_PC::actualiser()
 {
     montrerChoixDuParametre();
     permettreReperes();
-    permettre(m_ui->cmd_rapport,
-              plusieurs() ? QStringLiteral("Le rapport porte sur un seul paramètre") : QString(),
+    const QString sansRapport =
+        plusieurs() ? QStringLiteral("Le rapport porte sur un seul paramètre") : QString();
+    permettre(m_ui->cmd_rapport, sansRapport,
               QStringLiteral("Éditer le rapport statistique du paramètre à cette station"));
-    permettre(m_ui->cmd_visualiser, pasEncore());
-    permettre(m_ui->cmd_graph_rapport, pasEncore());
+    permettre(m_ui->cmd_visualiser, {},
+              QStringLiteral("Tracer l'évolution d'une ou de deux courbes à cette station"));
+    permettre(m_ui->cmd_graph_rapport, sansRapport,
+              QStringLiteral("Réunir le rapport et le graphique du paramètre dans un même classeur"));
 }
 
 void F_Concentrations_PC::montrerChoixDuParametre()
@@ -359,17 +365,23 @@ DemandeRapport F_Concentrations_PC::demandeRapport() const
 
 void F_Concentrations_PC::lancerRapport()
 {
-    executer([this] {
+    lancer(Commande::Rapport, [this] {
+        return M_Concentration_OVRA::commandeRapport(demandeRapport(), session().donnees, session().dialogue);
+    });
+}
+
+void F_Concentrations_PC::lancer(Commande nature, const std::function<CommandeRapport()> &commande)
+{
+    executer([&] {
         if (!verifierZones())
             return;
-        if (const auto refus = premierRefus(controles(), Commande::Rapport)) {
+        if (const auto refus = premierRefus(controles(), nature)) {
             session().dialogue.message(refus->message, QStringLiteral("Attention"), Icone::Exclamation);
             champ(refus->champ)->setFocus(Qt::OtherFocusReason);
             return;
         }
         CoursRapport cours(session().dialogue, session().tableur, session().dossiers, session().etatRapport);
-        cours.executer(
-            M_Concentration_OVRA::commandeRapport(demandeRapport(), session().donnees, session().dialogue));
+        cours.executer(commande());
     });
 }
 

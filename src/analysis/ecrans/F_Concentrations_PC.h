@@ -1,17 +1,19 @@
 // "Consultation physico-chimique": what is chosen before the statistics report and the charts of one station.
 #pragma once
 
-#include "analysis/DemandeRapport.h"
+#include "analysis/DemandeEvolution.h"
 #include "analysis/ListesSelection.h"
 #include "analysis/ReglesConcentrations.h"
 #include "analysis/ReperesParametre.h"
 #include "widgets/Ecran.h"
 
+#include <functional>
 #include <memory>
 
 class QAbstractButton;
 class QLabel;
 class QLineEdit;
+struct CommandeRapport;
 
 namespace Ui
 {
@@ -25,8 +27,9 @@ public:
     F_Concentrations_PC(Session &session, Cadre &cadre, QWidget *parent = nullptr);
     ~F_Concentrations_PC() override;
 
-    // The report's request, as the controls stand.
+    // The request of the report, of the chart, as the controls stand.
     DemandeRapport demandeRapport() const;
+    DemandeEvolution demandeEvolution() const;
 
 private:
     void chargerListes();
@@ -40,10 +43,15 @@ private:
     void changerSeuil(bool coche);
     void changerEchelle(bool cochee);
     void lancerRapport();
+    void lancerGraphique();
+    void lancerGraphiqueEtRapport();
+    // Checks the screen for a command, then makes and runs it.
+    void lancer(ReglesConcentrations::Commande nature, const std::function<CommandeRapport()> &commande);
 
     // The selected parameters' codes, in either mode.
     QStringList parametres() const;
     QString fractionUnique() const;
+    QList<CourbeDemandee> courbesDemandees() const;
     bool plusieurs() const;
     ReglesConcentrations::Controles controles() const;
     QWidget *champ(ReglesConcentrations::Champ nom) const;

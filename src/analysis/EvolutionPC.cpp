@@ -1,0 +1,165 @@
+#include "analysis/EvolutionPC.h"
+
+#include "analysis/DispositionEvolution.h"
+#include "analysis/EcritureEvolution.h"
+#include "analysis/LectureEvolution.h"
+#include "analysis/M_Concentration_OVRA.h"
+#include "analysis/TexteEvolution.h"
+#include "database/DataEnvironment1.h"
+#include "workbook/CoursRapport.h"
+
+#include <QScopeGuard>
+
+namespace
+{
+QString aucuneMesure()
+{
+    return QStringLiteral("Il n'y a aucune mesure physico-chimique à importer dans le graphique");
+}
+
+void avertir(Dialogue &dialogue, const QString &texte, const QString &titre)
+{
+    dialogue.message(texte, titre, Icone::Exclamation);
+}
+
+bool carboneSansFraction(const EnTeteEvolution &enTete)
+{
+    return std::any_of(enTete.courbes.cbegin(), enTete.courbes.cend(), [](const EnTeteRapport &courbe) {
+        return courbe.codeParametre == M_Concentration_OVRA::CARBONE_ORGANIQUE &&
+               courbe.codeFraction.isEmpty();
+    });
+}
+
+double maximumDe(const QList<MesureTracee> &mesures)
+{
+    double maximum = 0;
+    for (const MesureTracee &mesure : mesures)
+        maximum = std::max(maximum, mesure.valeur);
+    return maximum;
+}
+
+// Everything that the chart shows; rows are merged only where there is a measure.
+Evolution composer(const DemandeEvolution &demande, const DataEnvironment1 &donnees,
+                   const EnTeteEvolution &enTete, Progression &avancement)
+{
+    const FiltresMesures filtres{demande.selection.gestionnaires, demande.selection.commentaires};
+    const auto enregistrement = [&avancement] { avancement.valeur(0); };
+    Evolution evolution;
+    evolution.enTete = enTete;
+    SeriesEvolution series;
+    QStringList producteurs;
+
+    avancement.libelle(QStringLiteral("Recherche des mesures physico-chimiques"));
+    for (int courbe = 0; courbe < enTete.courbes.size(); ++courbe) {
+        const QList<EnregistrementPC> lus =
+            lireCourbe(donnees, demande, enTete.courbes[courbe], courbe, enregistrement);
+        const auto rang = static_cast<size_t>(courbe);
+        series.courbes[rang] = mesuresTracees(lus, filtres);
+        evolution.effectifs[rang] = static_cast<int>(series.courbes[rang].size());
+        for (const QString &producteur : producteursTraces(lus, filtres))
+            if (!producteurs.contains(producteur))
+                producteurs << producteur;
+    }
+    if (evolution.effectifs[0] + evolution.effectifs[1] == 0)
+        return evolution;
+    evolution.sources = lireNomsGestionnaires(donnees, producteurs);
+
+    if (!demande.selection.stationDebit.isEmpty()) {
+        avancement.libelle(QStringLiteral("Recherche des mesures hydrométriques"));
+        series.debits = lireDebits(donnees, demande, enregistrement);
+    }
+    if (!demande.stationPluie.isEmpty()) {
+        avancement.libelle(QStringLiteral("Recherche des mesures pluviométriques"));
+        series.pluies = lirePluies(donnees, demande, enregistrement);
+    }
+    evolution.avecDebit = !series.debits.isEmpty();
+    evolution.avecPluie = !series.pluies.isEmpty();
+
+    avancement.libelle(QStringLiteral("Gestion des codes remarques"));
+    evolution.lignes = fusionnerParDate(series);
+    evolution.maximum = maximumDe(series.courbes[0]);
+    // Flow or rain leave the second axis to itself: both curves then stand on the first one.
+    if (evolution.avecDebit || evolution.avecPluie)
+        evolution.maximum = std::max(evolution.maximum, maximumDe(series.courbes[1]));
+    if (evolution.seule()) {
+        evolution.figures =
+            calculerEvolution(series.courbes[0], demande.objectifMoyen, demande.objectifMaximal);
+        if (enTete.grille)
+            evolution.bandes = hauteursDesBandes(*enTete.grille);
+    }
+    return evolution;
+}
+
+// The report's request: that of the chart's only curve.
+DemandeRapport demandeRapport(const DemandeEvolution &demande)
+{
+    DemandeRapport rapport = demande.selection;
+    rapport.parametre = demande.courbes[0].parametre;
+    rapport.fraction = demande.courbes[0].fraction;
+    return rapport;
+}
+} // namespace
+
+int M_Concentration_OVRA::TracerEvolution(const DemandeEvolution &demande, const DataEnvironment1 &donnees,
+                                          Dialogue &dialogue, Classeur &classeur, RappelFraction rappel)
+{
+    Progression &avancement = dialogue.progression(FenetreProgression::Principale);
+    avancement.montrer({}, QStringLiteral("Création du graphique sous Excel"));
+    avancement.maximum(0);
+    const auto fin = qScopeGuard([&avancement] { avancement.cacher(); });
+
+    const EnTeteEvolution enTete = lireEnTeteEvolution(donnees, demande);
+    if (rappel == RappelFraction::Oui && carboneSansFraction(enTete))
+        avertir(
+            dialogue,
+            QStringLiteral("Vous n'avez pas sélectionné de fraction pour le paramètre Carbone Organique."),
+            QStringLiteral("Attention !"));
+    const Evolution evolution = composer(demande, donnees, enTete, avancement);
+    const int mesures = evolution.effectifs[0] + evolution.effectifs[1];
+    if (mesures == 0)
+        return 0;
+
+    Feuille feuille = classeur.feuille(DispositionEvolution::FEUILLE.toString());
+    ecrireEvolution(feuille, demande, evolution);
+    if (demande.echelleMaximale && evolution.maximum > *demande.echelleMaximale)
+        avertir(dialogue, TexteEvolution::echelleTropPetite(evolution.maximum),
+                QStringLiteral("Attention !"));
+    avancement.libelle(QStringLiteral("Création du graphique"));
+    return mesures;
+}
+
+CommandeRapport M_Concentration_OVRA::commandeGraphique(const DemandeEvolution &demande,
+                                                        const DataEnvironment1 &donnees, Dialogue &dialogue)
+{
+    CommandeRapport commande;
+    commande.modele = QStringLiteral("Modele_concentr.xls");
+    commande.fin = FinRapport::Graphique;
+    commande.avertissementVide = aucuneMesure();
+    commande.remplir = [demande, &donnees, &dialogue](Classeur &classeur) {
+        return TracerEvolution(demande, donnees, dialogue, classeur);
+    };
+    return commande;
+}
+
+CommandeRapport M_Concentration_OVRA::commandeGraphiqueEtRapport(const DemandeEvolution &demande,
+                                                                 const DataEnvironment1 &donnees,
+                                                                 Dialogue &dialogue)
+{
+    CommandeRapport commande;
+    commande.modele = QStringLiteral("Concentr_Rapport.xls");
+    commande.fin = FinRapport::Rapport;
+    // Which of the two was empty is told as soon as it is known.
+    commande.remplir = [demande, &donnees, &dialogue](Classeur &classeur) {
+        if (EditerRapport(demandeRapport(demande), donnees, dialogue, classeur) == 0) {
+            avertir(dialogue, commandeRapport(demandeRapport(demande), donnees, dialogue).avertissementVide,
+                    QStringLiteral("Attention"));
+            return 0;
+        }
+        const int mesures = TracerEvolution(demande, donnees, dialogue, classeur, RappelFraction::DejaFait);
+        // The report reaches further back than the chart where its first year is widened.
+        if (mesures == 0)
+            avertir(dialogue, aucuneMesure(), QStringLiteral("Attention"));
+        return mesures;
+    };
+    return commande;
+}
