@@ -26,8 +26,9 @@ public:
         Chemins::definirRacine(racine.path());
         QDir(racine.path()).mkpath(QStringLiteral("Projet/Modèles"));
         QDir(racine.path()).mkpath(QStringLiteral("Projet/Export"));
-        QFile::copy(QStringLiteral(DOSSIER_CONSTRUCTION "/installation/Projet/Modèles/rapport.xls"),
-                    modele());
+        const QDir modeles(QStringLiteral(DOSSIER_CONSTRUCTION "/installation/Projet/Modèles"));
+        for (const QString &nom : modeles.entryList({QStringLiteral("*.xls")}))
+            QFile::copy(modeles.filePath(nom), racine.filePath(QStringLiteral("Projet/Modèles/") + nom));
         tableur.demarrerEnAvance();
     }
 
@@ -37,11 +38,15 @@ public:
     // The whole command; true when a finished document was shown.
     bool editer(const DemandeRapport &d, const DataEnvironment1 &donnees)
     {
+        return executer(M_Concentration_OVRA::commandeRapport(d, donnees, dialogue));
+    }
+    bool executer(const CommandeRapport &commande)
+    {
         dialogue.messages.clear();
         dialogue.documents.clear();
         dialogue.fichiers.enqueue(sortie());
         CoursRapport cours(dialogue, tableur, dossiers, etat);
-        return cours.executer(M_Concentration_OVRA::commandeRapport(d, donnees, dialogue));
+        return cours.executer(commande);
     }
 
     // What the independent reader says against the report; empty when it agrees.
@@ -51,16 +56,39 @@ public:
     }
     static QString verifier(const DemandeRapport &d, const QString &base, const QString &rapport)
     {
+        return comparer("verifier_rapport.py", enJson(d), base, rapport);
+    }
+    // The request as the independent readers take it.
+    static QJsonObject enJson(const DemandeRapport &d)
+    {
+        return {{"station", d.codeStation},
+                {"code_usuel", d.afficherCodeUsuel},
+                {"parametre", d.parametre},
+                {"fraction", d.fraction},
+                {"debut", d.debut.toString(Qt::ISODate)},
+                {"fin", d.fin.toString(Qt::ISODate)},
+                {"annee", d.mode == ModeAnnee::Civile ? "civile" : "hydrologique"},
+                {"gestionnaires", QJsonArray::fromStringList(d.gestionnaires)},
+                {"reseaux", QJsonArray::fromStringList(d.reseaux)},
+                {"commentaires", QJsonArray::fromStringList(d.commentaires)},
+                {"protocole", d.protocole},
+                {"seuil", d.seuil ? QJsonValue(*d.seuil) : QJsonValue()},
+                {"debit", d.stationDebit}};
+    }
+    // Runs one of them on a produced workbook; what it says against it.
+    static QString comparer(const char *lecteur, const QJsonObject &demande, const QString &base,
+                            const QString &classeur)
+    {
         const QTemporaryDir dossier;
         QFile requete(dossier.filePath(QStringLiteral("demande.json")));
-        if (!requete.open(QIODevice::WriteOnly) || requete.write(enJson(d)) < 0)
+        if (!requete.open(QIODevice::WriteOnly) || requete.write(QJsonDocument(demande).toJson()) < 0)
             return requete.errorString();
         requete.close();
         QProcess python;
         python.setProcessChannelMode(QProcess::MergedChannels);
         python.start(QStringLiteral("/usr/bin/python3"), // the Debian one, which has xlrd
-                     {QStringLiteral(DONNEES_TESTS "/../outils/verifier_rapport.py"), base,
-                      requete.fileName(), rapport});
+                     {QStringLiteral(DONNEES_TESTS "/../outils/") + QLatin1String(lecteur), base,
+                      requete.fileName(), classeur});
         if (!python.waitForFinished(60000))
             return python.errorString();
         const QString dit = QString::fromUtf8(python.readAll());
@@ -72,23 +100,4 @@ public:
     DialogueDEssai dialogue;
     DossiersRecents dossiers;
     EtatRapport etat;
-
-private:
-    static QByteArray enJson(const DemandeRapport &d)
-    {
-        return QJsonDocument(QJsonObject{{"station", d.codeStation},
-                                         {"code_usuel", d.afficherCodeUsuel},
-                                         {"parametre", d.parametre},
-                                         {"fraction", d.fraction},
-                                         {"debut", d.debut.toString(Qt::ISODate)},
-                                         {"fin", d.fin.toString(Qt::ISODate)},
-                                         {"annee", d.mode == ModeAnnee::Civile ? "civile" : "hydrologique"},
-                                         {"gestionnaires", QJsonArray::fromStringList(d.gestionnaires)},
-                                         {"reseaux", QJsonArray::fromStringList(d.reseaux)},
-                                         {"commentaires", QJsonArray::fromStringList(d.commentaires)},
-                                         {"protocole", d.protocole},
-                                         {"seuil", d.seuil ? QJsonValue(*d.seuil) : QJsonValue()},
-                                         {"debit", d.stationDebit}})
-            .toJson();
-    }
 };
