@@ -38,7 +38,7 @@ QVector<QVariant> niveaux(const DemandeEvolution &demande, const Evolution &evol
 {
     QVector<QVariant> rangee(DERNIERE_COLONNE);
     const auto cellule = [&rangee](int colonne) -> QVariant & { return rangee[colonne - 1]; };
-    if (!demande.intituleSeuil.isEmpty())
+    if (Evolution::avecSeuil(demande))
         cellule(COLONNE_SEUIL) = celluleOuVide(demande.valeurSeuil);
     if (!evolution.seule())
         return rangee;

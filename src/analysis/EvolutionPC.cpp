@@ -125,6 +125,7 @@ int M_Concentration_OVRA::TracerEvolution(const DemandeEvolution &demande, const
         avertir(dialogue, TexteEvolution::echelleTropPetite(evolution.maximum),
                 QStringLiteral("Attention !"));
     avancement.libelle(QStringLiteral("Création du graphique"));
+    cablerGraphiqueEvolution(feuille, decrireGraphique(demande, evolution));
     return mesures;
 }
 

@@ -195,8 +195,9 @@ void TestFConcentrationsPCCommandes::rapportIndisponible()
     e.cliquer("lst_param2", "Nitrates");
     QVERIFY(!e.actif("cmd_rapport"));
     QCOMPARE(e.controle("cmd_rapport")->toolTip(), s("Le rapport porte sur un seul paramètre"));
-    for (const char *nom : {"cmd_visualiser", "cmd_graph_rapport"})
-        QCOMPARE(e.controle(nom)->toolTip(), s("Pas encore disponible dans cette version"));
+    QVERIFY(!e.actif("cmd_graph_rapport"));
+    QCOMPARE(e.controle("cmd_graph_rapport")->toolTip(), s("Le rapport porte sur un seul paramètre"));
+    QVERIFY(e.actif("cmd_visualiser"));
 }
 
 void TestFConcentrationsPCCommandes::demande()
@@ -259,11 +260,12 @@ void TestFConcentrationsPCCommandes::pendantUnRapport()
     Essai e;
     e.session.etatRapport.definir(true);
     QVERIFY(!e.ecran->isEnabled());
-    QVERIFY(!e.actif("cmd_rapport"));
+    for (const char *nom : {"cmd_rapport", "cmd_visualiser", "cmd_graph_rapport"})
+        QVERIFY2(!e.actif(nom), nom);
     QVERIFY(!e.ecran->close());
     e.session.etatRapport.definir(false);
-    QVERIFY(e.actif("cmd_rapport"));
-    QVERIFY(!e.actif("cmd_visualiser"));
+    for (const char *nom : {"cmd_rapport", "cmd_visualiser", "cmd_graph_rapport"})
+        QVERIFY2(e.actif(nom), nom);
     QVERIFY(e.ecran->close());
 }
 
