@@ -1,0 +1,159 @@
+// What an evolution chart costs, beside what the spreadsheet application takes anyway: 500 samples and the 3650 daily flows
+// of ten years, everything ticked, the whole command with a warm application, against opening the template, saving it under
+// a name and closing it.
+//
+// Both are timed in turn, so that a busy machine slows them alike; the ratios of the medians and of the minima are given.
+#include "analysis/EvolutionPC.h"
+#include "BaseDEssai.h"
+#include "DialogueDEssai.h"
+#include "platform/Chemins.h"
+#include "platform/Erreur.h"
+#include "workbook/CoursRapport.h"
+
+#include <cstdio>
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+
+namespace
+{
+constexpr int TOURS = 15;
+constexpr int MESURES = 500;
+constexpr int JOURS = 3650;
+const QDate DEBUT(2008, 1, 1);
+
+double chronometrer(const std::function<void()> &travail)
+{
+    QElapsedTimer chrono;
+    chrono.start();
+    travail();
+    return static_cast<double>(chrono.nsecsElapsed()) / 1e6;
+}
+
+DemandeEvolution demande()
+{
+    DemandeEvolution d;
+    d.selection.codeStation = QStringLiteral("04211940");
+    d.selection.debut = DEBUT;
+    d.selection.fin = DEBUT.addDays(JOURS - 1);
+    d.selection.stationDebit = QStringLiteral("J7010610");
+    d.courbes = {{QStringLiteral("Nitrates"), {}}};
+    d.fondSEQ = d.norme = d.quantile = d.frequenceMoyen = d.frequenceMaximal = true;
+    d.objectifMoyen = 25;
+    d.objectifMaximal = 50;
+    d.intituleSeuil = QStringLiteral("Seuil");
+    d.valeurSeuil = 40;
+    return d;
+}
+
+void remplir(const BaseDEssai &base)
+{
+    base.sql(QStringLiteral(
+        "INSERT INTO NORME_AEP (CodeParam, CD_FRACTION, ValeurNorme) VALUES ('1340', '0', 50)"));
+    base.sql(
+        QStringLiteral("INSERT INTO GRILLE_SEQ (CodeParam, Valeur1SEQ, Valeur2SEQ, Valeur3SEQ, Valeur4SEQ) "
+                       "VALUES ('1340', 2, 10, 25, 50)"));
+    base.donnees.executer(QStringLiteral("BEGIN"));
+    for (int i = 0; i < JOURS; ++i)
+        base.ajouterDebitJour(QStringLiteral("J7010610"), DEBUT.addDays(i), 100 + i * 37 % 900 / 10.0);
+    for (int i = 0; i < MESURES; ++i)
+        base.ajouterMesure(
+            base.ajouterPrelevement(QStringLiteral("04211940"), DEBUT.addDays(i * JOURS / MESURES)),
+            QStringLiteral("1340"), 5 + i * 71 % 550 / 10.0,
+            i % 20 == 0 ? QStringLiteral("2") : QStringLiteral("1"));
+    base.donnees.executer(QStringLiteral("COMMIT"));
+}
+
+class Banc
+{
+public:
+    Banc()
+    {
+        Chemins::definirRacine(m_racine.path());
+        QDir(m_racine.path()).mkpath(QStringLiteral("Projet/Modèles"));
+        QFile::copy(QStringLiteral(DOSSIER_CONSTRUCTION "/installation/Projet/Modèles/Modele_concentr.xls"),
+                    m_modele);
+        remplir(m_base);
+    }
+
+    void mesurer()
+    {
+        for (int v = 0; v < 4; ++v) { m_v = v; double best=1e9; std::fprintf(stderr,"variante %d\n",v); for (int i=0;i<3;++i) best=std::min(best,chronometrer([this]{tracer();})); std::fprintf(stderr,"  => %.0f\n",best);}
+        return;
+        QList<double> seuls;
+        QList<double> entiers;
+        for (int tour = -3; tour < TOURS; ++tour) { // the first ones warm everything up
+            const double seul = chronometrer([this] { modeleSeul(); });
+            const double entier = chronometrer([this] { tracer(); });
+            if (tour < 0)
+                continue;
+            seuls << seul;
+            entiers << entier;
+        }
+        std::sort(seuls.begin(), seuls.end());
+        std::sort(entiers.begin(), entiers.end());
+        const double seul = seuls[TOURS / 2];
+        const double entier = entiers[TOURS / 2];
+        std::printf("evolution  modèle seul %6.1f ms   graphique entier %6.1f ms   rapport %.2f, minima %.2f "
+                    "(visé : 2 au plus)\n",
+                    seul, entier, entier / seul, entiers.first() / seuls.first());
+    }
+
+private:
+    int m_v = 0;
+    DemandeEvolution variante() const {
+        DemandeEvolution d = demande();
+        switch (m_v) {
+        case 0: break;
+        case 1: d.fondSEQ=false; break;
+        case 2: d.objectifMoyen.reset(); d.objectifMaximal.reset(); d.valeurSeuil.reset(); d.quantile=d.norme=false; break;
+        case 3: d.fondSEQ=false; d.objectifMoyen.reset(); d.objectifMaximal.reset(); d.valeurSeuil.reset(); d.quantile=d.norme=false; break;
+        case 4: d.selection.stationDebit.clear(); break;
+        case 5: d.selection.stationDebit=QString(); d.fondSEQ=false; d.objectifMoyen.reset(); d.objectifMaximal.reset(); d.valeurSeuil.reset(); d.quantile=d.norme=false; break;
+        case 6: qputenv("SANS_CABLAGE","1"); break;
+        case 7: qputenv("SANS_CABLAGE","1"); d.fondSEQ=false; d.objectifMoyen.reset(); d.objectifMaximal.reset(); d.valeurSeuil.reset(); d.quantile=d.norme=false; break;
+        case 8: qputenv("SANS_CABLAGE","1"); d.selection.stationDebit.clear(); break;
+        case 9: qunsetenv("SANS_CABLAGE"); break;
+        }
+        return d;
+    }
+    // Opening, saving and closing the template.
+    void modeleSeul()
+    {
+        const auto classeur = m_tableur.ouvrir(m_modele);
+        classeur->enregistrerSous(m_sortie);
+        classeur->fermer();
+    }
+
+    void tracer()
+    {
+        m_dialogue.fichiers.enqueue(m_sortie);
+        CoursRapport cours(m_dialogue, m_tableur, m_dossiers, m_etat);
+        if (!cours.executer(M_Concentration_OVRA::commandeGraphique(variante(), m_base.donnees, m_dialogue)))
+            throw Erreur(0, m_dialogue.messages.isEmpty() ? QString() : m_dialogue.messages.last().texte);
+        m_dialogue.messages.clear();
+    }
+
+    QTemporaryDir m_racine;
+    QString m_modele = m_racine.filePath(QStringLiteral("Projet/Modèles/Modele_concentr.xls"));
+    QString m_sortie = m_racine.filePath(QStringLiteral("graphique_produit.xls"));
+    BaseDEssai m_base;
+    Tableur m_tableur;
+    DialogueDEssai m_dialogue;
+    DossiersRecents m_dossiers;
+    EtatRapport m_etat;
+};
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    try {
+        Banc().mesurer();
+    } catch (const Erreur &erreur) {
+        std::fprintf(stderr, "banc_evolution: %s\n", erreur.what());
+        return 1;
+    }
+    return 0;
+}
