@@ -3,9 +3,9 @@
 #include "EssaiEvolution.h"
 #include "EtudeEvolution.h"
 #include "workbook/AxeGraphique.h"
+#include "workbook/BoiteTexte.h"
 #include "workbook/Graphique.h"
 #include "workbook/SerieGraphique.h"
-#include "workbook/ZoneTexte.h"
 
 #include <QTest>
 
@@ -267,7 +267,7 @@ private Q_SLOTS:
                 }
                 QVERIFY(aspect.style == Marqueur::Cercle);
                 QCOMPARE(aspect.taille, 9);
-                QVERIFY(aspect.bord == Couleur::index(3));
+                QVERIFY(aspect.bord == Teinte::index(3));
             }
         }
     }
