@@ -1,11 +1,9 @@
 // The evolution charts from end to end: a study, the whole command with the real spreadsheet application, the sheet read
 // back by tests/outils/verifier_evolution.py, which works every cell out again, and the chart read back from the file.
+#include "ClasseurLu.h"
 #include "EssaiEvolution.h"
 #include "EtudeEvolution.h"
-#include "workbook/AxeGraphique.h"
-#include "workbook/BoiteTexte.h"
-#include "workbook/Graphique.h"
-#include "workbook/SerieGraphique.h"
+#include "GraphiqueLu.h"
 
 #include <QTest>
 
@@ -15,21 +13,57 @@ using E = EtudeEvolution;
 
 const BoiteDEssai FIN{"La création du graphique est terminée. ", "Fin du graphique", Icone::Information};
 
-// "type, axis group, values, name" of each series of the chart in a saved workbook.
-QStringList series(const Classeur &classeur)
+// A workbook as readers that share no code with the program see it: its cells, and its chart from the file's own records.
+class Relu
 {
-    const Graphique graphique =
-        classeur.feuille(QStringLiteral("Mesures")).graphique(QStringLiteral("Graphique"));
-    QStringList lues;
-    for (int numero = 1; numero <= graphique.nombreSeries(); ++numero) {
-        const SerieGraphique serie = graphique.serie(numero);
-        lues << QStringLiteral("%1 %2 %3 %4")
-                    .arg(static_cast<int>(serie.type()))
-                    .arg(serie.groupeAxes())
-                    .arg(serie.adresseValeurs().section(u'!', 1), serie.nom());
+public:
+    explicit Relu(const QString &chemin) : m_cellules(chemin), m_dessins(chemin) {}
+    bool lisible() const { return m_cellules.lisible() && m_dessins.lisible(); }
+
+    QJsonObject graphique() const { return m_dessins.graphique(MESURES); }
+    QString titre() const { return m_dessins.texte(MESURES, QStringLiteral("Text Box 1")); }
+    QJsonObject axe(int type, int groupe = 1) const { return GraphiquesLus::axe(graphique(), type, groupe); }
+
+    // "65 1 B9:B60 Nitrates (mg/L)" of each series: type, axis group, values, and the text of the cell that names it.
+    QStringList series() const
+    {
+        QStringList lues;
+        const QJsonArray toutes = graphique()[QLatin1String("series")].toArray();
+        for (const QJsonValue &serie : toutes)
+            lues << QStringLiteral("%1 %2 %3 %4")
+                        .arg(serie[QLatin1String("type")].toInt())
+                        .arg(serie[QLatin1String("groupe")].toInt())
+                        .arg(sansFeuille(serie[QLatin1String("valeurs")]),
+                             m_cellules.valeur(MESURES, sansFeuille(serie[QLatin1String("adresse_nom")]))
+                                 .toString());
+        return lues;
     }
-    return lues;
-}
+    QStringList abscisses() const
+    {
+        QStringList lues;
+        const QJsonArray toutes = graphique()[QLatin1String("series")].toArray();
+        for (const QJsonValue &serie : toutes)
+            if (const QString lue = sansFeuille(serie[QLatin1String("abscisses")]); !lues.contains(lue))
+                lues << lue;
+        return lues;
+    }
+    // Last row that has a date.
+    int derniereLigne() const
+    {
+        int ligne = 9;
+        while (m_cellules.cellule(MESURES, QStringLiteral("A%1").arg(ligne))[QLatin1String("type")] ==
+               QLatin1String("date"))
+            ++ligne;
+        return ligne - 1;
+    }
+
+private:
+    static QString sansFeuille(const QJsonValue &adresse) { return adresse.toString().section(u'!', 1); }
+
+    inline static const QString MESURES = QStringLiteral("Mesures");
+    ClasseurLu m_cellules;
+    GraphiquesLus m_dessins;
+};
 } // namespace
 
 class TestEvolutionPC : public QObject
@@ -41,16 +75,7 @@ class TestEvolutionPC : public QObject
 
     bool tracer(const DemandeEvolution &d) { return m_essai->tracer(d, m_base->donnees); }
     QString verifier(const DemandeEvolution &d) const { return m_essai->verifierMesures(d, m_base->chemin); }
-    std::unique_ptr<Classeur> relire() const { return m_essai->tableur.ouvrir(m_essai->sortie(), true); }
-    QString zoneTitre(const Classeur &classeur) const
-    {
-        return classeur.feuille(QStringLiteral("Mesures")).zoneTexte(QStringLiteral("Text Box 1")).texte();
-    }
-    // Last row of the data of what was just made.
-    static int derniereLigne(const Classeur &classeur)
-    {
-        return classeur.feuille(QStringLiteral("Mesures")).derniereLigne();
-    }
+    Relu relire() const { return Relu(m_essai->sortie()); }
 
 private Q_SLOTS:
     void initTestCase()
@@ -146,8 +171,9 @@ private Q_SLOTS:
         DemandeEvolution d = E::toutCoche();
         d.selection.stationDebit = QStringLiteral("J7010610");
         QVERIFY(tracer(d));
-        const auto classeur = relire();
-        const int fin = derniereLigne(*classeur);
+        const Relu relu = relire();
+        QVERIFY(relu.lisible());
+        const int fin = relu.derniereLigne();
         const QString u = QStringLiteral("mg(NO3)/L)");
         const auto ligne = [fin](int type, int groupe, char colonne, const QString &nom) {
             return QStringLiteral("%1 %2 %3 %4")
@@ -170,7 +196,7 @@ private Q_SLOTS:
             ligne(65, 1, 'R', "Norme eau potable (50 " + u),
             ligne(52, 2, 'F', QStringLiteral("Débit - Le Meu à Quédillac (l/s)")),
         };
-        const QStringList lues = series(*classeur);
+        const QStringList lues = relu.series();
         QCOMPARE(lues.size(), 15); // and the quantile and the median, whose names hold a figure
         for (const QString &attendue : attendues)
             QVERIFY2(lues.contains(attendue), qPrintable(attendue + u'\n' + lues.join(u'\n')));
@@ -180,19 +206,17 @@ private Q_SLOTS:
                                  [&](const QString &lue) { return lue.startsWith(attendue); }),
                      qPrintable(attendue));
         }
-        const Graphique graphique =
-            classeur->feuille(QStringLiteral("Mesures")).graphique(QStringLiteral("Graphique"));
-        for (int numero = 1; numero <= graphique.nombreSeries(); ++numero)
-            QCOMPARE(graphique.serie(numero).adresseAbscisses().section(u'!', 1),
-                     QStringLiteral("A9:A%1").arg(fin));
-        QCOMPARE(graphique.axe(TypeAxe::Valeur).titre(), QStringLiteral(" ( mg(NO3)/L ) "));
-        QCOMPARE(graphique.axe(TypeAxe::Valeur, 2).titre(), QStringLiteral(" ( Débit l/s ) "));
-        const AxeGraphique dates = graphique.axe(TypeAxe::Categorie);
-        QCOMPARE(dates.formatNombre().toLower(), QStringLiteral("dd/mm/yy"));
-        QCOMPARE(dates.orientation(), 90);
-        QCOMPARE(graphique.axe(TypeAxe::Valeur).echelle().minimum, std::optional<double>(0));
-        QVERIFY(!graphique.axe(TypeAxe::Valeur).echelle().maximum);
-        const QString titre = zoneTitre(*classeur);
+        QCOMPARE(relu.abscisses(), QStringList{QStringLiteral("A9:A%1").arg(fin)});
+        const QJsonObject gauche = relu.axe(2);
+        QCOMPARE(gauche["titre"].toString(), QStringLiteral(" ( mg(NO3)/L ) "));
+        QCOMPARE(gauche["minimum"], QJsonValue(0));
+        QVERIFY(gauche["maximum"].isNull() && gauche["pas"].isNull() && gauche["pas_mineur"].isNull());
+        QCOMPARE(relu.axe(2, 2)["titre"].toString(), QStringLiteral(" ( Débit l/s ) "));
+        const QJsonObject dates = relu.axe(1);
+        QVERIFY(dates["temporel"].toBool());
+        QCOMPARE(dates["orientation"], QJsonValue(90));
+        QCOMPARE(dates["format"].toString().toLower(), QStringLiteral("dd/mm/yy"));
+        const QString titre = relu.titre();
         QVERIFY2(titre.startsWith(QStringLiteral(
                      "BASSIN VERSANT :  BV d'essai\nEvolution des teneurs en Nitrates à la station "
                      "de mesure : 04211940\nCours d'eau : Ruisseau de l'Ile  -  Lieu-dit : Pont de "
@@ -209,12 +233,13 @@ private Q_SLOTS:
     void seriesDUneCourbe()
     {
         QVERIFY(tracer(E::demande({E::NITRATES})));
-        const auto classeur = relire();
-        const QStringList lues = series(*classeur);
+        const Relu relu = relire();
+        const QStringList lues = relu.series();
         QCOMPARE(lues.size(), 2);
         QVERIFY(lues[0].endsWith(QStringLiteral("Nitrates (mg(NO3)/L)")));
         QVERIFY(lues[1].contains(QStringLiteral("Médiane (")));
-        QVERIFY(!zoneTitre(*classeur).contains(QStringLiteral("Fréquence")));
+        QVERIFY(!relu.titre().contains(QStringLiteral("Fréquence")));
+        QVERIFY(relu.axe(2, 2).isEmpty());
     }
 
     // The second curve has the right axis to itself; beside flow or rain it joins the first one.
@@ -223,29 +248,25 @@ private Q_SLOTS:
         DemandeEvolution d = E::demande({E::NITRATES, E::PH});
         QVERIFY(tracer(d));
         {
-            const auto classeur = relire();
-            const QStringList lues = series(*classeur);
+            const Relu relu = relire();
+            const QStringList lues = relu.series();
             QCOMPARE(lues.size(), 2);
-            QVERIFY(lues[0].startsWith(QStringLiteral("65 1 B9:")));
-            QVERIFY(lues[1].startsWith(QStringLiteral("65 2 C9:")));
-            const Graphique graphique =
-                classeur->feuille(QStringLiteral("Mesures")).graphique(QStringLiteral("Graphique"));
-            QCOMPARE(graphique.axe(TypeAxe::Valeur, 2).titre(), QStringLiteral(" ( unité pH ) "));
-            QVERIFY(zoneTitre(*classeur).contains(
+            QVERIFY2(lues[0].startsWith(QStringLiteral("65 1 B9:")), qPrintable(lues[0]));
+            QVERIFY2(lues[1].startsWith(QStringLiteral("65 2 C9:")), qPrintable(lues[1]));
+            QCOMPARE(relu.axe(2, 2)["titre"].toString(), QStringLiteral(" ( unité pH ) "));
+            QVERIFY(relu.titre().contains(
                 QStringLiteral("teneurs en Nitrates et Potentiel en Hydrogène (pH) à la station de mesure : "
                                "04211940\n   Cours d'eau : ")));
-            QVERIFY(!zoneTitre(*classeur).contains(QStringLiteral("Nombre de prélèvements")));
+            QVERIFY(!relu.titre().contains(QStringLiteral("Nombre de prélèvements")));
         }
         d.stationPluie = QStringLiteral("35228001");
         QVERIFY(tracer(d));
-        const auto classeur = relire();
-        const QStringList lues = series(*classeur);
+        const Relu relu = relire();
+        const QStringList lues = relu.series();
         QCOMPARE(lues.size(), 3);
-        QVERIFY(lues[1].startsWith(QStringLiteral("65 1 C9:")));
-        QVERIFY(lues[2].startsWith(QStringLiteral("52 2 G9:")));
-        const Graphique graphique =
-            classeur->feuille(QStringLiteral("Mesures")).graphique(QStringLiteral("Graphique"));
-        QCOMPARE(graphique.axe(TypeAxe::Valeur, 2).titre(), QStringLiteral(" ( Précipitations mm ) "));
+        QVERIFY2(lues[1].startsWith(QStringLiteral("65 1 C9:")), qPrintable(lues[1]));
+        QVERIFY2(lues[2].startsWith(QStringLiteral("52 2 G9:")), qPrintable(lues[2]));
+        QCOMPARE(relu.axe(2, 2)["titre"].toString(), QStringLiteral(" ( Précipitations mm ) "));
     }
 
     // Fifty points keep their markers, fifty-one lose them; the marked ones stay, on their own rows.
@@ -253,23 +274,51 @@ private Q_SLOTS:
     {
         for (const int mesures : {50, 51}) {
             QVERIFY(tracer(m_base->serieDe(mesures)));
-            const auto classeur = relire();
-            const SerieGraphique courbe =
-                classeur->feuille(QStringLiteral("Mesures")).graphique(QStringLiteral("Graphique")).serie(1);
-            QCOMPARE(courbe.aspectMarqueur().style == Marqueur::Aucun, mesures > 50);
-            for (int point = 1; point <= mesures; ++point) {
-                // The fourth of each ten has code 2 (EtudeEvolution::serieDe).
-                const bool marque = point % 10 == 4;
-                const AspectMarqueur aspect = courbe.aspectMarqueur(point);
-                if (!marque) {
-                    QCOMPARE(aspect.style == Marqueur::Aucun, mesures > 50);
-                    continue;
-                }
-                QVERIFY(aspect.style == Marqueur::Cercle);
-                QCOMPARE(aspect.taille, 9);
-                QVERIFY(aspect.bord == Teinte::index(3));
+            const QJsonObject courbe = relire().graphique()["series"].toArray()[0].toObject();
+            const int sansMarqueur = -4142;
+            QCOMPARE(courbe["marqueur"]["style"].toInt() == sansMarqueur, mesures > 50);
+            // The fourth of each ten has code 2 (EtudeEvolution::serieDe): hollow red circles of size 9.
+            const QJsonObject points = courbe["points"].toObject();
+            QStringList marques;
+            for (int point = 4; point <= mesures; point += 10)
+                marques << QString::number(point);
+            marques.sort();
+            QStringList lus = points.keys();
+            lus.sort();
+            QCOMPARE(lus, marques);
+            for (const QString &point : marques) {
+                const QJsonValue marqueur = points[point]["marqueur"];
+                QCOMPARE(marqueur["style"], QJsonValue(8));
+                QCOMPARE(marqueur["taille"], QJsonValue(9));
+                QCOMPARE(marqueur["bord"], QJsonValue("#FF0000"));
+                QVERIFY(marqueur["sans_fond"].toBool());
             }
         }
+    }
+
+    // Rows of the flows shift the marked points: each stands on the row of its own sample, with a cross for code 3.
+    void marqueursParmiLesDebits()
+    {
+        DemandeEvolution d = E::demande({E::NITRATES});
+        d.selection.stationDebit = QStringLiteral("J7010610");
+        QVERIFY(tracer(d));
+        const ClasseurLu cellules(m_essai->sortie());
+        const QJsonObject points =
+            relire().graphique()["series"].toArray()[0].toObject()["points"].toObject();
+        int marques = 0;
+        const int derniere = relire().derniereLigne();
+        for (int ligne = 9; ligne <= derniere; ++ligne) {
+            const double code =
+                cellules.valeur(QStringLiteral("Mesures"), QStringLiteral("S%1").arg(ligne)).toDouble();
+            const QJsonValue point = points[QString::number(ligne - 8)];
+            if (code != 2 && code != 3) {
+                QVERIFY2(point.isUndefined(), qPrintable(QString::number(ligne)));
+                continue;
+            }
+            ++marques;
+            QCOMPARE(point["marqueur"]["style"], QJsonValue(code == 2 ? 8 : -4168));
+        }
+        QVERIFY(marques > 3);
     }
 
     // A top below the highest value: told, and the chart is drawn with it.
@@ -291,13 +340,7 @@ private Q_SLOTS:
                 valeur + QStringLiteral("). Il manquera probablement des points sur le graphique !"),
             "Attention !", Icone::Exclamation};
         QCOMPARE(m_essai->dialogue.messages, QList<BoiteDEssai>({avertissement, FIN}));
-        {
-            const auto classeur = relire();
-            const AxeGraphique axe = classeur->feuille(QStringLiteral("Mesures"))
-                                         .graphique(QStringLiteral("Graphique"))
-                                         .axe(TypeAxe::Valeur);
-            QCOMPARE(axe.echelle().maximum, std::optional<double>(20.5));
-        }
+        QCOMPARE(relire().axe(2)["maximum"], QJsonValue(20.5));
         d.echelleMaximale = maximum;
         QVERIFY(tracer(d));
         QCOMPARE(m_essai->dialogue.messages, QList<BoiteDEssai>{FIN});
@@ -369,7 +412,8 @@ private Q_SLOTS:
         rapport.parametre = d.courbes[0].parametre;
         differences = m_essai->verifier(rapport, m_base->chemin);
         QVERIFY2(differences.isEmpty(), qPrintable(differences));
-        QVERIFY(relire()->feuilles().contains(QStringLiteral("Rapport")));
+        QVERIFY(ClasseurLu(m_essai->sortie()).feuilles().contains(QStringLiteral("Rapport")));
+        QCOMPARE(relire().series().size(), 15); // no less than in a chart of its own
     }
 
     // The report is empty: its own words, no chart. Its fraction is reminded of once.
