@@ -8,25 +8,16 @@
 #include "capture/TableObjectifs.h"
 #include "database/M_Referentiels.h"
 #include "ui_F_Saisie_BV.h"
-#include "widgets/DelegueChoix.h"
 
-#include <QHeaderView>
+#include <QListWidget>
 
 F_Saisie_BV::F_Saisie_BV(Session &session, Cadre &cadre)
     : FicheReference(session, cadre, Fiches::bassin()), m_ui(std::make_unique<Ui::F_Saisie_BV>()),
-      m_objectifs(new TableObjectifs(session.donnees, this)), m_parametres(new DelegueChoix(this)),
-      m_fractions(new DelegueChoix(this))
+      m_objectifs(new TableObjectifs(session.donnees, this)), m_parametres(new QListWidget(this)),
+      m_fractions(new QListWidget(this))
 {
     m_ui->setupUi(this);
-    GrilleSaisie *grille = m_ui->grd_objectif;
-    grille->definirTable(m_objectifs, &session.dialogue);
-    grille->setItemDelegateForColumn(TableObjectifs::PARAMETRE, m_parametres);
-    grille->setItemDelegateForColumn(TableObjectifs::FRACTION, m_fractions);
-    grille->horizontalHeader()->setSectionResizeMode(TableObjectifs::PARAMETRE, QHeaderView::Stretch);
-    grille->horizontalHeader()->setSectionResizeMode(TableObjectifs::FRACTION, QHeaderView::Stretch);
-    for (const int colonne : {TableObjectifs::MOYEN, TableObjectifs::MAXIMAL})
-        grille->setColumnWidth(
-            colonne, grille->fontMetrics().horizontalAdvance(QStringLiteral("Objectif maximal  000")));
+    preparerGrille();
     appeler<F_Saisie_Commune>(m_ui->cmd_commune, OrigineSaisie::BASSIN);
     appeler<F_Saisie_SS_BV>(m_ui->cmd_sous_bassin, OrigineSaisie::BASSIN);
     preparerFiche();
@@ -34,13 +25,38 @@ F_Saisie_BV::F_Saisie_BV(Session &session, Cadre &cadre)
 
 F_Saisie_BV::~F_Saisie_BV() = default;
 
+void F_Saisie_BV::preparerGrille()
+{
+    GrilleListes *grille = m_ui->grd_objectif;
+    grille->setModel(m_objectifs);
+    m_parametres->setObjectName(QStringLiteral("lst_param"));
+    m_fractions->setObjectName(QStringLiteral("lst_fraction"));
+    using Bouton = GrilleListes::Colonne::Bouton;
+    grille->definirColonne(TableObjectifs::PARAMETRE, {34, m_parametres, Bouton::Liste});
+    grille->definirColonne(TableObjectifs::FRACTION, {34, m_fractions, Bouton::Liste});
+    grille->definirColonne(TableObjectifs::MOYEN, {16});
+    grille->definirColonne(TableObjectifs::MAXIMAL, {16});
+    grille->definirColonne(TableObjectifs::UNITE, {14});
+    grille->brancher(&session().dialogue,
+                     [this](const QModelIndex &cellule, const QString &texte) -> std::optional<RefusSaisie> {
+                         const ColonneTravail &colonne = m_objectifs->colonne(cellule.column());
+                         std::optional<QVariant> lu;
+                         executer([&] { lu = texte.isEmpty() ? QVariant() : colonne.lire(texte); });
+                         if (lu)
+                             return std::nullopt;
+                         return RefusSaisie{colonne.message, colonne.titreMessage};
+                     });
+}
+
 void F_Saisie_BV::remplirListes()
 {
     const DataEnvironment1 &donnees = session().donnees;
     remplirListe(m_ui->lst_commune, ListesFiche::communes(donnees));
     m_ui->lst_sous_bassin->remplir(ListesFiche::sousBassins(donnees));
-    m_parametres->definirLignes(TableObjectifs::parametres(donnees));
-    m_fractions->definirLignes(TableObjectifs::fractions(donnees));
+    m_parametres->clear();
+    m_parametres->addItems(TableObjectifs::parametres(donnees));
+    m_fractions->clear();
+    m_fractions->addItems(TableObjectifs::fractions(donnees));
 }
 
 void F_Saisie_BV::montrerDependants(const FicheLue *fiche)
@@ -66,10 +82,7 @@ QStringList F_Saisie_BV::saisieDependante() const
 
 bool F_Saisie_BV::terminerSaisie()
 {
-    if (!m_ui->grd_objectif->terminerSaisie())
-        return false;
-    m_objectifs->retirerLignesVides();
-    return true;
+    return m_ui->grd_objectif->terminerSaisie();
 }
 
 std::optional<RefusFiche> F_Saisie_BV::refusSaisie() const

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-class DelegueChoix;
+class QListWidget;
 class TableObjectifs;
 
 namespace Ui
@@ -32,8 +32,10 @@ protected:
 
 private:
     std::unique_ptr<Ui::F_Saisie_BV> m_ui;
+    void preparerGrille();
+
     TableObjectifs *m_objectifs;
-    DelegueChoix *m_parametres;
-    DelegueChoix *m_fractions;
+    QListWidget *m_parametres;
+    QListWidget *m_fractions;
     QStringList m_sousBassinsLus; // of the row that is shown
 };

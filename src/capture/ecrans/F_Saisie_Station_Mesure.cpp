@@ -2,6 +2,7 @@
 
 #include "capture/ecrans/F_Saisie_BV.h"
 #include "capture/ecrans/F_Saisie_Commune.h"
+#include "capture/ecrans/F_Saisie_Gestionnaire.h"
 #include "capture/ecrans/F_Saisie_SS_BV.h"
 #include "capture/ecrans/ListesFiche.h"
 #include "capture/EnregistrementStation.h"
@@ -22,6 +23,7 @@ F_Saisie_Station_Mesure::F_Saisie_Station_Mesure(Session &session, Cadre &cadre)
     appeler<F_Saisie_BV>(m_ui->cmd_bassin, OrigineSaisie::STATION_QUALITE);
     appeler<F_Saisie_SS_BV>(m_ui->cmd_sous_bassin, OrigineSaisie::STATION_QUALITE);
     appeler<F_Saisie_Commune>(m_ui->cmd_commune, OrigineSaisie::STATION_QUALITE);
+    appeler<F_Saisie_Gestionnaire>(m_ui->cmd_gestionnaire, OrigineSaisie::STATION_QUALITE);
     m_ui->txt_site->definirRegle([](const QString &texte) -> std::optional<ZoneReglee::Refus> {
         const QString refus =
             ReglesFiche::refusTexte(QStringLiteral("Le code du point"), texte.trimmed(), LONGUEUR_POINT);

@@ -2,6 +2,7 @@
 
 #include "capture/ecrans/F_Saisie_BV.h"
 #include "capture/ecrans/F_Saisie_Commune.h"
+#include "capture/ecrans/F_Saisie_Gestionnaire.h"
 #include "capture/ecrans/ListesFiche.h"
 #include "capture/FichesStations.h"
 #include "ui_F_Saisie_Station_Pluvio.h"
@@ -13,6 +14,7 @@ F_Saisie_Station_Pluvio::F_Saisie_Station_Pluvio(Session &session, Cadre &cadre)
     m_ui->setupUi(this);
     appeler<F_Saisie_BV>(m_ui->cmd_bassin, OrigineSaisie::STATION_PLUVIO);
     appeler<F_Saisie_Commune>(m_ui->cmd_commune, OrigineSaisie::STATION_PLUVIO);
+    appeler<F_Saisie_Gestionnaire>(m_ui->cmd_gestionnaire, OrigineSaisie::STATION_PLUVIO);
     preparerFiche();
 }
 
