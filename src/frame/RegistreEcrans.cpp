@@ -2,6 +2,7 @@
 
 #include "analysis/ecrans/F_Concentrations_PC.h"
 #include "analysis/ecrans/F_Donnees_brutes_PC.h"
+#include "analysis/ecrans/F_Hydrometrie.h"
 #include "capture/ecrans/F_Mesure_Hydro.h"
 #include "capture/ecrans/F_Mesure_Physico.h"
 #include "capture/ecrans/F_Mesure_Pluvio.h"
@@ -74,6 +75,7 @@ const QList<EntreeRegistre> &registreEcrans()
         ecran<F_Mesure_Physico>(u"m_mesure_physico"),
         ecran<F_Mesures_Phyto>(u"m_mesure_phyto"),
         ecran<F_Concentrations_PC>(u"m_evolution_physico"),
+        ecran<F_Hydrometrie>(u"m_consult_hydro"),
         ecran<F_Mesure_Hydro>(u"m_mesure_hydrom"),
         ecran<F_Mesure_Pluvio>(u"m_mesure_pluvio"),
         ecran<F_Import_physico>(u"m_import_donnees_physico", viderCompteursImport),
