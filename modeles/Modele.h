@@ -11,4 +11,7 @@ void rapport(Classeur &classeur);
 void concentrations(Classeur &classeur);
 // "Concentr_Rapport.xls": the report and the chart together.
 void concentrationsEtRapport(Classeur &classeur);
+// "Modele_concentr_hydro.xls" and "Modele_concentr_pluvio.xls": flows with or without rain, rain alone.
+void debits(Classeur &classeur);
+void pluies(Classeur &classeur);
 } // namespace Modele

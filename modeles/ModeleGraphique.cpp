@@ -12,9 +12,8 @@ namespace
 // Hundredths of a millimetre. The block of title box and chart has the proportions of an A4 sheet lying on its side,
 // between its margins.
 constexpr int LARGEUR_BLOC = 26'600;
-constexpr int HAUTEUR_TEXTE = 3'100;
 constexpr int ECART = 150;
-constexpr int HAUTEUR_GRAPHIQUE = 14'600;
+constexpr int HAUTEUR_BLOC = 17'850;
 constexpr int COLONNES_BLOC = 14;
 constexpr int MARGE_PAGE = 1'000;
 constexpr int LARGEUR_DONNEES = 2'300;
@@ -59,12 +58,12 @@ private:
     int gaucheBloc() const { return (m_description.derniereColonne + 1) * LARGEUR_DONNEES; }
     CadreDessin cadreTexte() const
     {
-        return {gaucheBloc() + RETRAIT, RETRAIT, LARGEUR_BLOC - 2 * RETRAIT, HAUTEUR_TEXTE};
+        return {gaucheBloc() + RETRAIT, RETRAIT, LARGEUR_BLOC - 2 * RETRAIT, m_description.hauteurTexte};
     }
     CadreDessin cadreGraphique() const
     {
-        return {gaucheBloc() + RETRAIT, RETRAIT + HAUTEUR_TEXTE + ECART, LARGEUR_BLOC - 2 * RETRAIT,
-                HAUTEUR_GRAPHIQUE};
+        const int dessus = m_description.hauteurTexte + ECART;
+        return {gaucheBloc() + RETRAIT, RETRAIT + dessus, LARGEUR_BLOC - 2 * RETRAIT, HAUTEUR_BLOC - dessus};
     }
 
     void donnees()
@@ -191,7 +190,7 @@ private:
         page.piedGauche = m_description.pied;
         page.piedDroite = QStringLiteral("Page &P / &N");
         m_feuille.mettreEnPage(page);
-        const int hauteur = 2 * RETRAIT + HAUTEUR_TEXTE + ECART + HAUTEUR_GRAPHIQUE;
+        const int hauteur = 2 * RETRAIT + HAUTEUR_BLOC;
         m_feuille.zoneImpression(m_feuille.plage(1, premiereColonneBloc(), hauteur / HAUTEUR_LIGNE + 1,
                                                  premiereColonneBloc() + COLONNES_BLOC - 1));
     }

@@ -65,6 +65,7 @@ struct Description {
     QVector<Entete> entetes;    // labels above the data
     QVector<Serie> series;      // in the order of their numbers: primary axis first, areas, columns, lines
     bool echelleDeTemps = true; // a time axis; else one place a row
+    int hauteurTexte = 3'100;   // of the title box, in hundredths of a millimetre; the chart takes the rest
     QString titreAxe;
     QString titreAxeSecondaire;
     QString pied; // left foot of the printed page

@@ -19,6 +19,7 @@ ModeleGraphique::Description description()
     commune.texte = TEXTE.toString();
     commune.ligneIntitules = LIGNE_INTITULES;
     commune.derniereColonne = DERNIERE_COLONNE;
+    commune.hauteurTexte = 1'900; // four lines
     commune.formatDates = FORMAT_JOURS.toString();
     return commune;
 }
@@ -30,11 +31,9 @@ void dessiner(Classeur &classeur, const ModeleGraphique::Description &descriptio
     Graphique graphique = ModeleGraphique::dessiner(feuille, description);
     // A day without a measure is a gap in the line.
     graphique.relierLesTrous(false);
-    graphique.axe(TypeAxe::Categorie).formatNombre(QStringLiteral("dd/mm/yy"));
-    // Columns of thousands of days must still be seen.
-    for (int numero = 1; numero <= graphique.nombreSeries(); ++numero)
-        if (graphique.serie(numero).type() != TypeSerie::Ligne)
-            graphique.serie(numero).espacement(0);
+    AxeGraphique dates = graphique.axe(TypeAxe::Categorie);
+    dates.formatNombre({});
+    dates.entreCategories(true);
     // Codes of stations keep their leading zeros.
     for (const int colonne : {COLONNE_DATE, COLONNE_PLUIE})
         feuille.cellule(LIGNE_STATION, colonne).formatNombre(QStringLiteral("@"));

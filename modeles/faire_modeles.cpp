@@ -18,6 +18,8 @@ constexpr Fabrique MODELES[] = {
     {"rapport.xls", Modele::rapport},
     {"Modele_concentr.xls", Modele::concentrations},
     {"Concentr_Rapport.xls", Modele::concentrationsEtRapport},
+    {"Modele_concentr_hydro.xls", Modele::debits},
+    {"Modele_concentr_pluvio.xls", Modele::pluies},
 };
 } // namespace
 

@@ -16,6 +16,9 @@ namespace
 constexpr int POINTS_AVEC_MARQUEURS = 50;
 // More labels than this, and they stand upright, or they would cover each other.
 constexpr int ETIQUETTES_DE_NIVEAU = 24;
+// Columns of more rows than this touch each other, or they would be too thin to be seen.
+constexpr int COLONNES_ESPACEES = 100;
+constexpr int ESPACEMENT = 60; // hundredths of a column's width
 
 QVariant ouRien(const std::optional<double> &valeur)
 {
@@ -59,8 +62,10 @@ public:
         }
         if (debit)
             brancher(ligne, COLONNE_DEBIT);
-        if (m_contenu.pluie)
+        if (m_contenu.pluie) {
             brancher(pluie, COLONNE_PLUIE);
+            espacer(pluie);
+        }
         if (debit)
             habillerDebits(ligne);
         dates();
@@ -87,6 +92,7 @@ public:
         const Graphique::Suspension suspension(m_graphique);
         SerieGraphique pluie = m_graphique.serie(SERIE_PREMIERE);
         brancher(pluie, COLONNE_DEBIT);
+        espacer(pluie);
         dates();
         AxeGraphique gauche = m_graphique.axe(TypeAxe::Valeur);
         gauche.titre(TexteHydrologie::titreAxePluie());
@@ -140,6 +146,11 @@ private:
         serie.nommer(m_feuille.cellule(LIGNE_INTITULES, numero));
     }
 
+    void espacer(SerieGraphique &colonnes) const
+    {
+        colonnes.espacement(m_contenu.lignes.size() > COLONNES_ESPACEES ? 0 : ESPACEMENT);
+    }
+
     void habillerDebits(SerieGraphique &ligne) const
     {
         if (m_debits > POINTS_AVEC_MARQUEURS) {
@@ -160,9 +171,20 @@ private:
     void dates()
     {
         AxeGraphique axe = m_graphique.axe(TypeAxe::Categorie);
-        axe.formatNombre(parMois() ? FORMAT_MOIS.toString() : QStringLiteral("dd/mm/yy"));
+        axe.formatNombre({}); // as the cells: a second reader of the file ignores a format of the axis alone
         axe.orientation(90);
+        // One step more at both ends, so that the first and last columns are whole and no label stands on an axis.
+        const QDate premier = m_contenu.lignes.first().date;
+        const QDate dernier = m_contenu.lignes.last().date;
+        EchelleAxe echelle;
+        echelle.minimum = numero(parMois() ? premier.addMonths(-1) : premier.addDays(-1));
+        echelle.maximum = numero(parMois() ? dernier.addMonths(1) : dernier.addDays(1));
+        axe.echelle(echelle);
+        axe.entreCategories(true);
     }
+
+    // The day's number in the sheet.
+    static double numero(QDate date) { return static_cast<double>(QDate(1899, 12, 30).daysTo(date)); }
 
     static EchelleAxe deZero()
     {
