@@ -28,8 +28,9 @@ QVariant ouRien(const std::optional<double> &valeur)
 class Trace
 {
 public:
-    Trace(Feuille &feuille, const ContenuHydrologie &contenu)
-        : m_feuille(feuille), m_contenu(contenu), m_graphique(feuille.graphique(GRAPHIQUE.toString())),
+    Trace(Feuille &feuille, const ContenuHydrologie &contenu, const std::function<void()> &etape)
+        : m_feuille(feuille), m_contenu(contenu), m_etape(etape),
+          m_graphique(feuille.graphique(GRAPHIQUE.toString())),
           m_derniere(PREMIERE_LIGNE + static_cast<int>(contenu.lignes.size()) - 1)
     {
         for (const SerieHydrologie::Ligne &ligne : contenu.lignes) {
@@ -137,6 +138,7 @@ private:
         m_feuille
             .plage(PREMIERE_LIGNE, COLONNE_DATE, m_derniere, pluieEnPremier ? COLONNE_DEBIT : COLONNE_PLUIE)
             .ecrire(valeurs);
+        m_etape();
     }
 
     void brancher(SerieGraphique &serie, int numero)
@@ -144,6 +146,7 @@ private:
         serie.abscisses(colonne(COLONNE_DATE));
         serie.valeurs(colonne(numero));
         serie.nommer(m_feuille.cellule(LIGNE_INTITULES, numero));
+        m_etape();
     }
 
     void espacer(SerieGraphique &colonnes) const
@@ -203,6 +206,7 @@ private:
 
     Feuille &m_feuille;
     const ContenuHydrologie &m_contenu;
+    const std::function<void()> &m_etape;
     Graphique m_graphique;
     int m_derniere;
     int m_debits = 0;
@@ -211,16 +215,16 @@ private:
 };
 } // namespace
 
-void tracerDebits(Feuille &feuille, const ContenuHydrologie &contenu)
+void tracerDebits(Feuille &feuille, const ContenuHydrologie &contenu, const std::function<void()> &etape)
 {
-    Trace trace(feuille, contenu);
+    Trace trace(feuille, contenu, etape);
     trace.titre();
     trace.debits();
 }
 
-void tracerPluie(Feuille &feuille, const ContenuHydrologie &contenu)
+void tracerPluie(Feuille &feuille, const ContenuHydrologie &contenu, const std::function<void()> &etape)
 {
-    Trace trace(feuille, contenu);
+    Trace trace(feuille, contenu, etape);
     trace.titre();
     trace.pluieSeule();
 }

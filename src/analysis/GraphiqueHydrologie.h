@@ -4,6 +4,7 @@
 #include "analysis/DemandeHydrologie.h"
 #include "analysis/SerieHydrologie.h"
 
+#include <functional>
 #include <QStringList>
 
 class Feuille;
@@ -20,6 +21,7 @@ struct ContenuHydrologie {
 
 // "Modele_concentr_hydro.xls": flows as a line, rain as columns that hang from the top of the secondary axis. The series that
 // has no rows goes; without flows the rain stands on the axis as it does alone.
-void tracerDebits(Feuille &feuille, const ContenuHydrologie &contenu);
+// `etape` is called between the parts of the work.
+void tracerDebits(Feuille &feuille, const ContenuHydrologie &contenu, const std::function<void()> &etape);
 // "Modele_concentr_pluvio.xls": rain alone, one series.
-void tracerPluie(Feuille &feuille, const ContenuHydrologie &contenu);
+void tracerPluie(Feuille &feuille, const ContenuHydrologie &contenu, const std::function<void()> &etape);

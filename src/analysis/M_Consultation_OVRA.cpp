@@ -79,10 +79,11 @@ int M_Consultation_OVRA::TracerGraphique(const DemandeHydrologie &demande, const
         !debits.isEmpty(), contenu.pluie);
     contenu.lignes = disposer(contenu.debit, debits, pluies);
     Feuille feuille = classeur.feuille(DispositionHydrologie::FEUILLE.toString());
+    const auto etape = [&dialogue] { dialogue.ceder(); };
     if (debit)
-        tracerDebits(feuille, contenu);
+        tracerDebits(feuille, contenu, etape);
     else
-        tracerPluie(feuille, contenu);
+        tracerPluie(feuille, contenu, etape);
     barre.valeur(FIN);
     return mesures;
 }
