@@ -5,6 +5,7 @@
 #include "platform/Arrondi.h"
 #include "TableCsv.h"
 
+#include <functional>
 #include <QHash>
 #include <QTime>
 
@@ -133,6 +134,48 @@ void Classeurs::creerAnalysesACorriger(Tableur &tableur, const QString &donnees,
     ajouter(plouvaldy, stations.value(plouvaldy), {2019, 5, 8}, 25100, "µg/L", rive);
     ajouter(plouvaldy, stations.value(plouvaldy), {2019, 6, 10}, 22.8, milligrammes, "Stagiaire du syndicat");
     ajouter(plouvaldy, stations.value(plouvaldy), {2019, 7, 8}, 21.6, milligrammes, rive);
+    ecrire(tableur, "Analyses", lignes, fichier);
+}
+
+void Classeurs::creerAnalysesAvecNouveautes(Tableur &tableur, const QString &donnees, const QString &fichier)
+{
+    const auto stations = libelles(donnees + "/etude/stations.csv", "code", "nom");
+    const auto intervenants = libelles(donnees + "/etude/intervenants.csv", "code", "nom");
+    const auto reseaux = libelles(donnees + "/etude/reseaux.csv", "code", "libelle");
+    struct Ligne {
+        QString code = "04999020", nom;
+        QString parametre = "Nitrates", unite = "mg(NO3)/L";
+        double valeur = 20;
+        QString gestionnaire, preleveur, laboratoire, reseau;
+    };
+    Ligne modele;
+    modele.nom = stations.value(modele.code);
+    modele.gestionnaire = intervenants.value("99900000100011");
+    modele.preleveur = intervenants.value("99900000700017");
+    modele.laboratoire = intervenants.value("99900000500015");
+    modele.reseau = reseaux.value("0499000001");
+    Valeurs lignes{entetesAnalyses()};
+    // Each row a week after the one before.
+    const auto ajouter = [&](const std::function<void(Ligne &)> &changer) {
+        Ligne l = modele;
+        changer(l);
+        const QDate date = QDate(2019, 4, 1).addDays(7 * (lignes.size() - 1));
+        lignes.append({l.code, l.nom, date, QTime(10, 40), l.parametre, l.valeur, l.unite, 1.0, 3.0, "1",
+                       QVariant(), libelleProtocole("1"), l.gestionnaire, l.preleveur, l.laboratoire,
+                       l.reseau});
+    };
+    const auto moulin = [](Ligne &l) { l.code = "04999098", l.nom = "Moulin de l'Étang"; };
+    ajouter([](Ligne &) {});
+    ajouter(moulin);
+    ajouter(moulin);
+    ajouter([](Ligne &l) { l.parametre = "Cobalt", l.unite = "µg/L", l.valeur = 0.4; });
+    ajouter([](Ligne &l) { l.gestionnaire = "Communauté du Haut-Orvannec"; });
+    ajouter([](Ligne &l) { l.unite = "µg/L", l.valeur = 21000; });
+    ajouter([](Ligne &l) { l.preleveur = "Sentinelles de la Cordevaise"; });
+    ajouter([](Ligne &l) { l.laboratoire = "Laboratoire des Rives"; });
+    ajouter([](Ligne &l) { l.reseau = "Réseau des étangs"; });
+    ajouter([](Ligne &l) { l.code = "04999097", l.nom = "Station abandonnée"; });
+    ajouter([](Ligne &l) { l.gestionnaire = "Un inconnu"; });
     ecrire(tableur, "Analyses", lignes, fichier);
 }
 

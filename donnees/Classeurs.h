@@ -20,6 +20,9 @@ void creerAnalyses(Tableur &tableur, const Campagnes &campagnes, const QString &
 // The same layout with five rows, of which three stop the import: an unknown station, a unit that the parameter is not
 // imported in, an unknown sampler.
 void creerAnalysesACorriger(Tableur &tableur, const QString &donnees, const QString &fichier);
+// The same layout with eleven rows, of which most name something new: two stations, a parameter, two managers, a sampler, a
+// laboratory, a network, and a unit in which its parameter is not yet imported.
+void creerAnalysesAvecNouveautes(Tableur &tableur, const QString &donnees, const QString &fichier);
 // Daily flows of January to March 2019 at both hydrometric stations, then the three monthly means of each.
 void creerDebits(Tableur &tableur, const Campagnes &campagnes, const QString &donnees,
                  const QString &fichier);

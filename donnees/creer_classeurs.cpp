@@ -1,6 +1,6 @@
 // Makes the workbooks to import that go with the demonstration study, and big ones to measure with.
 //
-//   creer_classeurs --donnees DIR demonstration DOSSIER   all four, as .xls and .xlsx
+//   creer_classeurs --donnees DIR demonstration DOSSIER   all five, as .xls and .xlsx
 //   creer_classeurs --donnees DIR banc N FICHIER          N rows of analyses (an .xls holds 65 535 at most), for a base
 //                                                         made by "creer_bases elements" or "creer_bases resultats"
 //
@@ -26,6 +26,8 @@ void executer(const QString &donnees, const QStringList &arguments)
             Classeurs::creerAnalyses(tableur, campagnes, donnees,
                                      dossier + "analyses_laboratoire" + extension);
             Classeurs::creerAnalysesACorriger(tableur, donnees, dossier + "analyses_a_corriger" + extension);
+            Classeurs::creerAnalysesAvecNouveautes(tableur, donnees,
+                                                   dossier + "analyses_nouveautes" + extension);
             Classeurs::creerDebits(tableur, campagnes, donnees, dossier + "debits" + extension);
             Classeurs::creerPluies(tableur, campagnes, donnees, dossier + "pluies" + extension);
         }

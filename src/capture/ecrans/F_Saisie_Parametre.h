@@ -24,6 +24,7 @@ public:
 protected:
     void remplirListes() override;
     void montrerDependants(const FicheLue *fiche) override;
+    void suivreProposition() override { accorderUnites(); }
     QStringList saisieDependante() const override;
     std::optional<RefusFiche> refusSaisie() const override;
     Enregistrement enregistrement() const override;

@@ -405,6 +405,7 @@ void FicheReference::proposer(const QString &nom, const QString &texte)
                 fixer(champ, texte);
         }
     }
+    suivreProposition();
     retenirSaisie();
 }
 

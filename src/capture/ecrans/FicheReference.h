@@ -125,6 +125,8 @@ protected:
     virtual ListeChoix cles() const;
     // shows what belongs to the row (nothing: the sheet is being emptied);
     virtual void montrerDependants(const FicheLue * /*fiche*/) {}
+    // shows what hangs on a field that `proposer` has filled;
+    virtual void suivreProposition() {}
     // what the user has put beside the fields, to tell whether anything has changed;
     virtual QStringList saisieDependante() const { return {}; }
     // takes what is being typed outside the fields (a grid's cell); false where it cannot be taken, which is told;

@@ -1,11 +1,15 @@
 #include "exchange/ecrans/FichesAjout.h"
 
 #include "capture/ecrans/F_Organisme_Preleveur.h"
+#include "capture/ecrans/F_Saisie_BV.h"
 #include "capture/ecrans/F_Saisie_Commune.h"
 #include "capture/ecrans/F_Saisie_Gestionnaire.h"
 #include "capture/ecrans/F_Saisie_Laboratoire.h"
 #include "capture/ecrans/F_Saisie_Parametre.h"
 #include "capture/ecrans/F_Saisie_Reseau.h"
+#include "capture/ecrans/F_Saisie_Station_Hydro.h"
+#include "capture/ecrans/F_Saisie_Station_Mesure.h"
+#include "capture/ecrans/F_Saisie_Station_Pluvio.h"
 
 #include <map>
 
@@ -33,6 +37,19 @@ const QString &champDeLElement(const ImportSession &import)
 template <typename Fiche> void parNomOuCode(Fiche &fiche, const ImportSession &import)
 {
     fiche.proposer(champDeLElement(import), import.ElementNom);
+}
+
+void station(F_Saisie_Station_Mesure &fiche, const ImportSession &import)
+{
+    fiche.proposer(CODE, import.ElementCode);
+    fiche.proposer(NOM, import.ElementNom);
+}
+
+// The files of flows and rainfall say one thing of a station.
+template <typename Fiche> void stationDUnSeulNom(Fiche &fiche, const ImportSession &import)
+{
+    fiche.proposer(CODE, import.ElementNom);
+    fiche.proposer(NOM, import.ElementNom);
 }
 
 void parametre(F_Saisie_Parametre &fiche, const ImportSession &import)
@@ -64,6 +81,9 @@ template <typename Fiche> void parNom(Fiche &fiche, const ImportSession &import)
 OuvrirFiche ficheAjout(TypeElement type)
 {
     static const std::map<TypeElement, OuvrirFiche> fiches = {
+        {TypeElement::StationQualite, fiche<F_Saisie_Station_Mesure>(station)},
+        {TypeElement::StationHydro, fiche<F_Saisie_Station_Hydro>(stationDUnSeulNom)},
+        {TypeElement::StationPluvio, fiche<F_Saisie_Station_Pluvio>(stationDUnSeulNom)},
         {TypeElement::Parametre, fiche<F_Saisie_Parametre>(parametre)},
         {TypeElement::ParametreParCode, fiche<F_Saisie_Parametre>(parametre)},
         {TypeElement::UniteDeParametre, fiche<F_Saisie_Parametre>(parametreConnu)},
@@ -73,6 +93,7 @@ OuvrirFiche ficheAjout(TypeElement type)
         {TypeElement::Reseau, fiche<F_Saisie_Reseau>(reseau)},
         {TypeElement::Commune, fiche<F_Saisie_Commune>(parNom)},
         {TypeElement::CommuneTrames, fiche<F_Saisie_Commune>(parNom)},
+        {TypeElement::Bassin, fiche<F_Saisie_BV>(parNom)},
     };
     const auto trouvee = fiches.find(type);
     return trouvee == fiches.end() ? OuvrirFiche() : trouvee->second;

@@ -177,6 +177,16 @@ private Q_SLOTS:
         QVERIFY(essai.dialogue.questions.isEmpty());
     }
 
+    // An import proposes the unit of its file: what hangs on it follows.
+    void uniteProposee()
+    {
+        FicheDEssai<F_Saisie_Parametre> essai;
+        QVERIFY(essai.ouvrir());
+        essai.fiche->proposer(s("cmb_unite"), s("mg/L"));
+        QVERIFY(!essai.controle("lbl_sans_unite")->isVisible());
+        QCOMPARE(essai.texte("lbl_unite_norme"), s("mg/L"));
+    }
+
     void uniteDuParametre()
     {
         FicheDEssai<F_Saisie_Parametre> essai;
