@@ -97,6 +97,24 @@ void TableObjectifs::relireTout()
     relire(QStringLiteral("rowid"));
 }
 
+void TableObjectifs::deposer() const
+{
+    m_base.executer(QStringLiteral("DELETE FROM Temp_objectif"));
+    for (int ligne = 0; ligne < rowCount(); ++ligne) {
+        if (ligneVide(ligne))
+            continue;
+        QVariantList valeurs;
+        for (const Colonne colonne : {PARAMETRE, FRACTION, MOYEN, MAXIMAL, UNITE}) {
+            const QVariant lue = valeur(ligne, colonne);
+            valeurs << (lue.isNull() ? QVariant() : lue);
+        }
+        m_base.executer(
+            QStringLiteral("INSERT INTO Temp_objectif (Parametre, CD_FRACTION, MoyObjf, MaxObjf, Unite) "
+                           "VALUES (?, ?, ?, ?, ?)"),
+            valeurs);
+    }
+}
+
 QStringList TableObjectifs::textes() const
 {
     QStringList liste;

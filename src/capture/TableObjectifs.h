@@ -15,6 +15,8 @@ public:
 
     // Reads Temp_objectif again.
     void relireTout();
+    // Makes the rows of Temp_objectif those of this grid: another sheet may have used the table meanwhile.
+    void deposer() const;
     // Every cell, for a comparison.
     QStringList textes() const;
 

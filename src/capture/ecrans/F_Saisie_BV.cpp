@@ -19,7 +19,7 @@ F_Saisie_BV::F_Saisie_BV(Session &session, Cadre &cadre)
     m_ui->setupUi(this);
     preparerGrille();
     appeler<F_Saisie_Commune>(m_ui->cmd_commune, OrigineSaisie::BASSIN);
-    appeler<F_Saisie_SS_BV>(m_ui->cmd_sous_bassin, OrigineSaisie::BASSIN);
+    appeler<F_Saisie_SS_BV>(m_ui->cmd_ssbv, OrigineSaisie::BASSIN);
     preparerFiche();
 }
 
@@ -52,7 +52,7 @@ void F_Saisie_BV::remplirListes()
 {
     const DataEnvironment1 &donnees = session().donnees;
     remplirListe(m_ui->lst_commune, ListesFiche::communes(donnees));
-    m_ui->lst_sous_bassin->remplir(ListesFiche::sousBassins(donnees));
+    m_ui->lst_ssbv->remplir(ListesFiche::sousBassins(donnees));
     m_parametres->clear();
     m_parametres->addItems(TableObjectifs::parametres(donnees));
     m_fractions->clear();
@@ -64,7 +64,7 @@ void F_Saisie_BV::montrerDependants(const FicheLue *fiche)
     const DataEnvironment1 &donnees = session().donnees;
     const QVariant numBV = fiche ? QVariant(fiche->rang) : QVariant();
     m_sousBassinsLus = fiche ? M_Enreg_Tables::sousBassinsDe(donnees, numBV) : QStringList();
-    m_ui->lst_sous_bassin->choisir(m_sousBassinsLus);
+    m_ui->lst_ssbv->choisir(m_sousBassinsLus);
     // A study without a reference basin takes the first one that is typed.
     const QString reference = M_Referentiels::BassinReference(donnees);
     m_ui->chk_reference->setChecked(fiche ? fiche->cle.compare(reference, Qt::CaseInsensitive) == 0
@@ -75,14 +75,17 @@ void F_Saisie_BV::montrerDependants(const FicheLue *fiche)
 
 QStringList F_Saisie_BV::saisieDependante() const
 {
-    QStringList textes{m_ui->lst_sous_bassin->codes().join(u'\n'),
+    QStringList textes{m_ui->lst_ssbv->codes().join(u'\n'),
                        m_ui->chk_reference->isChecked() ? QStringLiteral("1") : QString()};
     return textes + m_objectifs->textes();
 }
 
 bool F_Saisie_BV::terminerSaisie()
 {
-    return m_ui->grd_objectif->terminerSaisie();
+    if (!m_ui->grd_objectif->terminerSaisie())
+        return false;
+    m_objectifs->deposer();
+    return true;
 }
 
 std::optional<RefusFiche> F_Saisie_BV::refusSaisie() const
@@ -95,8 +98,7 @@ std::optional<RefusFiche> F_Saisie_BV::refusSaisie() const
 
 Enregistrement F_Saisie_BV::enregistrement() const
 {
-    SaisieBassin saisie{
-        valeurs(), liens(), m_ui->lst_sous_bassin->codes(), {}, m_ui->chk_reference->isChecked()};
+    SaisieBassin saisie{valeurs(), liens(), m_ui->lst_ssbv->codes(), {}, m_ui->chk_reference->isChecked()};
     for (const QString &code : m_sousBassinsLus) {
         if (chargee() && !saisie.sousBassins.contains(code))
             saisie.retires << code;

@@ -9,7 +9,7 @@ F_Saisie_SS_BV::F_Saisie_SS_BV(Session &session, Cadre &cadre)
     : FicheReference(session, cadre, Fiches::sousBassin()), m_ui(std::make_unique<Ui::F_Saisie_SS_BV>())
 {
     m_ui->setupUi(this);
-    appeler<F_Saisie_BV>(m_ui->cmd_bassin, OrigineSaisie::SOUS_BASSIN);
+    appeler<F_Saisie_BV>(m_ui->cmd_bv, OrigineSaisie::SOUS_BASSIN);
     preparerFiche();
 }
 
@@ -17,5 +17,5 @@ F_Saisie_SS_BV::~F_Saisie_SS_BV() = default;
 
 void F_Saisie_SS_BV::remplirListes()
 {
-    remplirCombo(m_ui->cmb_bassin, ListesFiche::bassins(session().donnees));
+    remplirCombo(m_ui->cmb_bv, ListesFiche::bassins(session().donnees));
 }

@@ -20,8 +20,8 @@ F_Saisie_Station_Mesure::F_Saisie_Station_Mesure(Session &session, Cadre &cadre)
       m_ui(std::make_unique<Ui::F_Saisie_Station_Mesure>())
 {
     m_ui->setupUi(this);
-    appeler<F_Saisie_BV>(m_ui->cmd_bassin, OrigineSaisie::STATION_QUALITE);
-    appeler<F_Saisie_SS_BV>(m_ui->cmd_sous_bassin, OrigineSaisie::STATION_QUALITE);
+    appeler<F_Saisie_BV>(m_ui->cmd_bv, OrigineSaisie::STATION_QUALITE);
+    appeler<F_Saisie_SS_BV>(m_ui->cmd_ssbv, OrigineSaisie::STATION_QUALITE);
     appeler<F_Saisie_Commune>(m_ui->cmd_commune, OrigineSaisie::STATION_QUALITE);
     appeler<F_Saisie_Gestionnaire>(m_ui->cmd_gestionnaire, OrigineSaisie::STATION_QUALITE);
     m_ui->txt_site->definirRegle([](const QString &texte) -> std::optional<ZoneReglee::Refus> {
@@ -54,8 +54,8 @@ void F_Saisie_Station_Mesure::remplirListes()
             situations << connue;
     }
     m_ui->cmb_situation->remplir(situations);
-    remplirCombo(m_ui->cmb_bassin, ListesFiche::bassins(donnees));
-    remplirCombo(m_ui->cmb_sous_bassin, ListesFiche::sousBassins(donnees));
+    remplirCombo(m_ui->cmb_bv, ListesFiche::bassins(donnees));
+    remplirCombo(m_ui->cmb_ssbv, ListesFiche::sousBassins(donnees));
     remplirListe(m_ui->lst_commune, ListesFiche::communes(donnees));
     remplirListe(m_ui->lst_gestionnaire, ListesFiche::gestionnaires(donnees));
 }

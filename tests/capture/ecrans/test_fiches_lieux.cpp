@@ -119,8 +119,8 @@ private Q_SLOTS:
         QVERIFY(essai.ouvrir());
         essai.choisir("cmb_code", "04211940");
         QCOMPARE(essai.texte("txt_nom"), s("Pont de l'Ile"));
-        QCOMPARE(essai.texte("cmb_bassin"), s("BV d'essai"));
-        QCOMPARE(essai.texte("cmb_sous_bassin"), s("Haut du BV"));
+        QCOMPARE(essai.texte("cmb_bv"), s("BV d'essai"));
+        QCOMPARE(essai.texte("cmb_ssbv"), s("Haut du BV"));
         QCOMPARE(essai.texte("txt_site"), s("031"));
         QVERIFY(essai.controle<QLineEdit>("txt_site")->isReadOnly());
         // Chosen rows come first; one that is in no list is shown by its code and kept.
@@ -168,7 +168,7 @@ private Q_SLOTS:
         QVERIFY(!essai.controle<QCheckBox>("chk_reference")->isChecked());
         essai.choisir("cmb_nom", "BV d'essai");
         QVERIFY(essai.controle<QCheckBox>("chk_reference")->isChecked());
-        QCOMPARE(essai.texte("txt_superficie"), s("250,5"));
+        QCOMPARE(essai.texte("txt_superf"), s("250,5"));
         auto *grille = essai.controle<QTableView>("grd_objectif");
         QCOMPARE(grille->model()->rowCount(), 1);
         QCOMPARE(grille->model()->index(0, 0).data().toString(), s("Nitrates"));
@@ -192,7 +192,7 @@ private Q_SLOTS:
         FicheDEssai<F_Saisie_BV> essai;
         QVERIFY(essai.ouvrir());
         essai.choisir("cmb_nom", "BV d'essai");
-        auto *liste = essai.controle<ListeFiltree>("lst_sous_bassin");
+        auto *liste = essai.controle<ListeFiltree>("lst_ssbv");
         QCOMPARE(liste->codes(), QStringList{s("1")});
         liste->vider();
         essai.cliquer("cmd_valider", {Reponse::Oui, Reponse::Oui, Reponse::Non});
@@ -222,7 +222,7 @@ private Q_SLOTS:
         essai.choisir("cmb_code", "J7010610");
         QCOMPARE(essai.texte("txt_nom"), s("Le Meu à Quédillac"));
         QCOMPARE(essai.controle<ListeFiltree>("lst_station")->codes(), QStringList{s("04211940")});
-        QCOMPARE(essai.texte("txt_surface"), s("120"));
+        QCOMPARE(essai.texte("txt_surfreel"), s("120"));
     }
 };
 
