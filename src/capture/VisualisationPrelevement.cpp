@@ -6,7 +6,8 @@
 namespace
 {
 constexpr int LIGNE_ENTETES = 6;
-constexpr int FOND_INTITULES = 33; // as in the reports
+constexpr int HAUTEUR_ENTETES = 950; // hundredths of a millimetre: two lines of text
+constexpr int FOND_INTITULES = 33;   // as in the reports
 
 struct Colonne {
     QStringView titre;
@@ -27,9 +28,9 @@ const QList<Colonne> &colonnes(FamillePrelevement famille)
         {u"Unité du paramètre", &TextesLigne::unite, 3000},
         {u"Lieu", &TextesLigne::lieu, 3500},
         {u"Seuil de détection", &TextesLigne::seuil, 2800, true},
-        {u"Organisme préleveur", &TextesLigne::preleveur, 5000},
-        {u"Laboratoire d'analyses", &TextesLigne::laboratoire, 5000},
-        {u"Gestionnaire", &TextesLigne::gestionnaire, 5000},
+        {u"Organisme préleveur", &TextesLigne::preleveur, 5800},
+        {u"Laboratoire d'analyses", &TextesLigne::laboratoire, 5800},
+        {u"Gestionnaire", &TextesLigne::gestionnaire, 5800},
         {u"Réseau de mesure", &TextesLigne::reseau, 5500},
         {u"Protocole de prélèvement", &TextesLigne::protocole, 4000}};
     // One comment for each result, and no place of analysis.
@@ -115,6 +116,8 @@ VueMesures VisualisationPrelevement::vue(const DemandeVisualisation &demande)
         Plage entetes = feuille.plage(LIGNE_ENTETES, 1, LIGNE_ENTETES, largeur);
         entetes.gras(true);
         entetes.renvoiALaLigne(true);
+        entetes.alignementVertical(Alignement::Milieu);
+        feuille.hauteurLigne(LIGNE_ENTETES, HAUTEUR_ENTETES);
         entetes.fond(FOND_INTITULES);
         entetes.bord(Bord::Bas, TraitBord::Continu);
         MiseEnPage page;

@@ -1,12 +1,12 @@
 #include "widgets/GrilleListes.h"
 
 #include "platform/Dialogue.h"
+#include "widgets/BlocCellules.h"
 #include "widgets/DelegueListes.h"
 #include "widgets/Ecran.h"
 #include "widgets/Recherche.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -119,7 +119,7 @@ void GrilleListes::direRefus()
         allerA(cellule.row(), cellule.column());
 }
 
-bool GrilleListes::terminerSaisie()
+bool GrilleListes::terminerSaisie(bool garderCourante)
 {
     if (m_editeur && state() == QAbstractItemView::EditingState) {
         QLineEdit *editeur = m_editeur;
@@ -131,7 +131,7 @@ bool GrilleListes::terminerSaisie()
     direRefus();
     if (accepte) {
         for (int ligne = model() ? model()->rowCount() - 1 : -1; ligne >= 0; --ligne)
-            if (ligneVide(ligne))
+            if (ligneVide(ligne) && !(garderCourante && ligne == currentIndex().row()))
                 model()->removeRow(ligne);
     }
     return accepte;
@@ -224,41 +224,22 @@ void GrilleListes::currentChanged(const QModelIndex &courante, const QModelIndex
 
 void GrilleListes::copier()
 {
-    const QItemSelection choisies = selectionModel() ? selectionModel()->selection() : QItemSelection();
-    if (choisies.isEmpty())
-        return;
-    QRect cadre; // the smallest rectangle that holds the selection
-    for (const QItemSelectionRange &bloc : choisies)
-        cadre |= QRect(QPoint(bloc.left(), bloc.top()), QPoint(bloc.right(), bloc.bottom()));
-    QStringList lignes;
-    for (int ligne = cadre.top(); ligne <= cadre.bottom(); ++ligne) {
-        QStringList textes;
-        for (int c = cadre.left(); c <= cadre.right(); ++c) {
-            const QModelIndex cellule = model()->index(ligne, c);
-            textes << (selectionModel()->isSelected(cellule) ? cellule.data().toString() : QString());
-        }
-        lignes << textes.join(u'\t');
-    }
-    QApplication::clipboard()->setText(lignes.join(u'\n'));
+    BlocCellules::copier(*this);
 }
 
 void GrilleListes::coller()
 {
-    QString texte = QApplication::clipboard()->text();
-    texte.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-    if (texte.endsWith(u'\n'))
-        texte.chop(1);
-    if (!model() || texte.isEmpty())
+    const QList<QStringList> bloc = BlocCellules::lire();
+    if (!model() || bloc.isEmpty())
         return;
     const QModelIndex depart = currentIndex();
     const int premiere = depart.isValid() ? depart.row() : model()->rowCount();
     const int gauche = depart.isValid() ? depart.column() : 0;
-    const QStringList lignes = texte.split(u'\n');
-    for (int i = 0; i < lignes.size(); ++i) {
+    for (int i = 0; i < bloc.size(); ++i) {
         const int ligne = premiere + i;
         if (ligne >= model()->rowCount() && !model()->insertRow(model()->rowCount()))
             return;
-        const QStringList textes = lignes[i].split(u'\t');
+        const QStringList &textes = bloc[i];
         for (int j = 0; j < textes.size() && gauche + j < model()->columnCount(); ++j) {
             const QModelIndex cellule = model()->index(ligne, gauche + j);
             if (cellule.flags().testFlag(Qt::ItemIsEditable))

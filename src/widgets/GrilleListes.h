@@ -46,8 +46,9 @@ public:
     void brancher(Dialogue *dialogue, Regle regle);
     void definirColonne(int colonne, const Colonne &definition);
 
-    // Takes the cell that is being typed, and removes empty rows. False where the cell cannot be taken, which is told.
-    bool terminerSaisie();
+    // Takes the cell that is being typed, and removes empty rows, but for the current one where it is to be kept. False where
+    // the cell cannot be taken, which is told.
+    bool terminerSaisie(bool garderCourante = false);
     // What typing does: true where the cell has taken the text.
     bool ecrire(const QModelIndex &cellule, const QString &texte);
     // Room for all columns at their given widths.

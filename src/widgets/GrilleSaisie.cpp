@@ -2,9 +2,9 @@
 
 #include "database/TableTravail.h"
 #include "platform/Dialogue.h"
+#include "widgets/BlocCellules.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QTimer>
@@ -78,44 +78,22 @@ void GrilleSaisie::supprimerSelection()
 
 void GrilleSaisie::copier()
 {
-    const QItemSelection choisies = selectionModel()->selection();
-    if (choisies.isEmpty())
-        return;
-    // The smallest rectangle that holds the selection.
-    QRect cadre;
-    for (const QItemSelectionRange &bloc : choisies)
-        cadre |= QRect(QPoint(bloc.left(), bloc.top()), QPoint(bloc.right(), bloc.bottom()));
-    QStringList lignes;
-    for (int ligne = cadre.top(); ligne <= cadre.bottom(); ++ligne) {
-        QStringList textes;
-        for (int colonne = cadre.left(); colonne <= cadre.right(); ++colonne) {
-            const QModelIndex cellule = m_table->index(ligne, colonne);
-            textes << (selectionModel()->isSelected(cellule) ? cellule.data().toString() : QString());
-        }
-        lignes << textes.join(u'\t');
-    }
-    QApplication::clipboard()->setText(lignes.join(u'\n') + u'\n');
+    BlocCellules::copier(*this);
 }
 
 void GrilleSaisie::coller()
 {
-    QString texte = QApplication::clipboard()->text();
-    texte.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-    if (texte.endsWith(u'\n'))
-        texte.chop(1);
-    if (!m_table || texte.isEmpty())
+    const QList<QStringList> bloc = BlocCellules::lire();
+    if (!m_table || bloc.isEmpty())
         return;
-    QList<QStringList> bloc;
-    const QStringList lignes = texte.split(u'\n');
-    for (const QString &ligne : lignes)
-        bloc << ligne.split(u'\t');
     const QModelIndex depart = currentIndex();
     const int ligne = depart.isValid() ? depart.row() : m_table->rowCount();
     const int colonne = depart.isValid() ? depart.column() : 0;
     const QModelIndexList refusees = m_table->coller(ligne, colonne, bloc);
     const QModelIndex coin = m_table->index(ligne, colonne);
+    // Ctrl is still held: the view's own way would add to the selection.
     if (coin.isValid())
-        setCurrentIndex(coin);
+        selectionModel()->setCurrentIndex(coin, QItemSelectionModel::ClearAndSelect);
     if (refusees.isEmpty())
         return;
     const ColonneTravail &premiere = m_table->colonne(refusees.first().column());

@@ -1,15 +1,11 @@
 #include "widgets/ZoneDate.h"
 
-#include "platform/Horloge.h"
 #include "platform/Saisie.h"
+#include "widgets/Calendrier.h"
 #include "widgets/Icones.h"
 
 #include <QAction>
-#include <QCalendarWidget>
-#include <QFrame>
 #include <QKeyEvent>
-#include <QScreen>
-#include <QVBoxLayout>
 
 ZoneDate::ZoneDate(QWidget *parent)
     : ZoneTexte(parent), m_bouton(addAction(QIcon(), QLineEdit::TrailingPosition))
@@ -64,38 +60,12 @@ void ZoneDate::ouvrirCalendrier()
 {
     if (isReadOnly())
         return;
-    auto *cadre = new QFrame(this, Qt::Popup);
-    cadre->setAttribute(Qt::WA_DeleteOnClose);
-    cadre->setFrameShape(QFrame::StyledPanel);
-    auto *disposition = new QVBoxLayout(cadre);
-    disposition->setContentsMargins(1, 1, 1, 1);
-    auto *calendrier = new QCalendarWidget(cadre);
-    calendrier->setLocale(QLocale(QLocale::French, QLocale::France));
-    calendrier->setFirstDayOfWeek(Qt::Monday);
-    calendrier->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    QDate montree = date();
-    if (!montree.isValid())
-        montree = m_proposee.isValid() ? m_proposee : Horloge::maintenant().date();
-    calendrier->setSelectedDate(montree);
-    disposition->addWidget(calendrier);
-    const auto prendre = [this, cadre](QDate choisie) {
-        cadre->close();
+    const QDate typee = date();
+    Calendrier::ouvrir(this, typee.isValid() ? typee : m_proposee, [this](QDate choisie) {
         fixer(choisie);
         Q_EMIT textEdited(text());
         setFocus();
-    };
-    connect(calendrier, &QCalendarWidget::activated, this, prendre);
-    connect(calendrier, &QCalendarWidget::clicked, this, prendre);
-
-    cadre->adjustSize();
-    QPoint coin = mapToGlobal(QPoint(0, height()));
-    const QRect place = screen()->availableGeometry();
-    if (coin.y() + cadre->height() > place.bottom())
-        coin = mapToGlobal(QPoint(0, -cadre->height()));
-    coin.setX(std::clamp(coin.x(), place.left(), std::max(place.left(), place.right() - cadre->width())));
-    cadre->move(coin);
-    cadre->show();
-    calendrier->setFocus();
+    });
 }
 
 void ZoneDate::keyPressEvent(QKeyEvent *evenement)

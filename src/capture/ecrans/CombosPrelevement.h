@@ -4,7 +4,7 @@
 #include "widgets/ZoneCombo.h"
 #include "widgets/ZoneComboLibre.h"
 
-#include <QLineEdit>
+class QAction;
 
 // A station of the list.
 class ComboStation : public ZoneCombo
@@ -14,12 +14,8 @@ public:
     using ZoneCombo::ZoneCombo;
 
 protected:
-    QString messageRefus() const override { return QStringLiteral("Cette valeur n'existe pas."); }
-    void selectionnerTexte() override
-    {
-        lineEdit()->clear();
-        accepter();
-    }
+    QString messageRefus() const override;
+    void selectionnerTexte() override;
 };
 
 // A date or a time of the list, or another one.
@@ -29,10 +25,16 @@ class ComboMoment : public ZoneComboLibre
 public:
     using ZoneComboLibre::ZoneComboLibre;
 
+    // A button in the field, and Ctrl+Down, show a calendar: for dates.
+    void offrirCalendrier();
+
 protected:
-    void selectionnerTexte() override
-    {
-        fixer(QString());
-        Q_EMIT texteChoisi();
-    }
+    void selectionnerTexte() override;
+    void keyPressEvent(QKeyEvent *evenement) override;
+    void changeEvent(QEvent *evenement) override;
+
+private:
+    void ouvrirCalendrier();
+
+    QAction *m_bouton = nullptr; // of the calendar, where there is one
 };

@@ -65,6 +65,7 @@ EcranPrelevement::EcranPrelevement(Session &session, Cadre &cadre, FamillePrelev
     m_ui->cmb_Date->definirRegle(jugerDate);
     m_ui->cmb_heure->definirRegle(jugerHeure);
     m_ui->cmb_Date->lineEdit()->setPlaceholderText(QStringLiteral("jj/mm/aaaa"));
+    m_ui->cmb_Date->offrirCalendrier();
     m_ui->cmb_heure->lineEdit()->setPlaceholderText(QStringLiteral("hh:mm"));
     preparerGrille();
     preparer(nullptr, m_ui->cmd_fermer);
@@ -149,16 +150,13 @@ void EcranPrelevement::preparerGrille()
                          return refus;
                      });
     connect(grille, &GrilleListes::boutonPresse, this,
-            [this](const QModelIndex &cellule) { ouvrirDetail(cellule.row(), true); });
+            [this](const QModelIndex &cellule) { ouvrirDetail(cellule, true); });
     connect(grille, &GrilleListes::choixFait, this, [this](const QModelIndex &cellule, const QString &texte) {
         if (cellule.column() != AUTRE)
             return;
         // Once the cell is closed.
         const QPersistentModelIndex choisie(cellule);
-        QTimer::singleShot(0, this, [this, choisie, texte] {
-            if (choisie.isValid())
-                agirAutre(choisie.row(), texte);
-        });
+        QTimer::singleShot(0, this, [this, choisie, texte] { agirAutre(choisie, texte); });
     });
     connect(m_ui->cmd_ajouter, &QPushButton::clicked, grille, &GrilleListes::ajouterLigne);
     connect(m_ui->cmd_retirer, &QPushButton::clicked, this, [grille] {
@@ -178,9 +176,10 @@ void EcranPrelevement::preparerGrille()
 void EcranPrelevement::compterLignes()
 {
     const int lignes = m_modele->rowCount();
-    m_ui->lbl_nombre->setText(lignes == 0   ? QStringLiteral("Aucun résultat")
-                              : lignes == 1 ? QStringLiteral("1 résultat")
-                                            : QStringLiteral("%1 résultats").arg(lignes));
+    // The letter that leads to the grid.
+    m_ui->lbl_nombre->setText(lignes == 0   ? QStringLiteral("Aucun résul&tat")
+                              : lignes == 1 ? QStringLiteral("1 résul&tat")
+                                            : QStringLiteral("%1 résul&tats").arg(lignes));
     permettre(m_ui->cmd_retirer, lignes > 0 ? QString() : QStringLiteral("Le tableau est vide"),
               QStringLiteral("Retirer du tableau la ligne où se trouve le curseur"));
 }
@@ -436,14 +435,14 @@ void EcranPrelevement::visualiser()
 
 // --- The detail sheet and the reference sheets
 
-void EcranPrelevement::agirAutre(int ligne, const QString &choix)
+void EcranPrelevement::agirAutre(const QPersistentModelIndex &cellule, const QString &choix)
 {
     int rang = 0; // the last choice ends with a blank, which cells do not keep
     while (rang < choixAutre().size() && choixAutre()[rang].trimmed() != choix)
         ++rang;
     switch (rang) {
     case 0:
-        ouvrirDetail(ligne, false);
+        ouvrirDetail(cellule, false);
         break;
     case 1:
         ouvrirFiche<F_Saisie_Gestionnaire>();
@@ -471,26 +470,30 @@ template <typename Fiche> void EcranPrelevement::ouvrirFiche()
                                   [this] { executer([this] { chargerListes(); }); });
 }
 
-void EcranPrelevement::ouvrirDetail(int ligne, bool reseaux)
+void EcranPrelevement::ouvrirDetail(const QPersistentModelIndex &cellule, bool reseaux)
 {
-    if (m_detail || !m_ui->DBGrid1->terminerSaisie() || ligne >= m_modele->rowCount())
+    if (m_detail || !cellule.isValid())
         return;
-    m_detail = creerDetail(m_modele->lignes()[ligne]);
+    m_ui->DBGrid1->allerA(cellule.row(), cellule.column());
+    if (!m_ui->DBGrid1->terminerSaisie(true) || !cellule.isValid())
+        return;
+    m_detail = creerDetail(m_modele->lignes()[cellule.row()]);
     m_detail->montrerPrelevement(m_ui->cmb_code->texte(), m_ui->txt_station->text(), m_ui->cmb_Date->texte(),
                                  m_ui->cmb_heure->texte());
     if (reseaux)
         m_detail->montrerReseaux();
     // The row stays what it is while its sheet is open.
     m_ui->contenu->setEnabled(false);
-    connect(m_detail, &EcranDetailPrelevement::valide, this, [this, ligne](const TextesLigne &textes) {
-        executer([&] { m_modele->modifier(ligne, textes); });
+    connect(m_detail, &EcranDetailPrelevement::valide, this, [this, cellule](const TextesLigne &textes) {
+        if (cellule.isValid())
+            m_modele->modifier(cellule.row(), textes);
     });
-    connect(m_detail, &EcranDetailPrelevement::fermee, this, [this, ligne] {
+    connect(m_detail, &EcranDetailPrelevement::fermee, this, [this, cellule] {
         m_detail.clear();
         m_ui->contenu->setEnabled(true);
-        const int colonne = m_ui->DBGrid1->currentIndex().column();
-        m_ui->DBGrid1->allerA(ligne, std::max(colonne, 0));
         executer([this] { chargerListes(); });
+        if (cellule.isValid())
+            m_ui->DBGrid1->allerA(cellule.row(), cellule.column());
     });
     cadre().montrer(m_detail);
 }

@@ -52,9 +52,9 @@ private:
     void annuler();
     void visualiser();
 
-    void agirAutre(int ligne, const QString &choix);
+    void agirAutre(const QPersistentModelIndex &cellule, const QString &choix);
     template <typename Fiche> void ouvrirFiche();
-    void ouvrirDetail(int ligne, bool reseaux);
+    void ouvrirDetail(const QPersistentModelIndex &cellule, bool reseaux);
     void montrerEchec(const QString &numeroEtDescription);
     ClePrelevement cle() const;
 

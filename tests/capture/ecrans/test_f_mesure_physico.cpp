@@ -11,6 +11,7 @@
 #include "widgets/ZoneComboLibre.h"
 
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QClipboard>
 #include <QLineEdit>
 #include <QListWidget>
@@ -449,7 +450,7 @@ private Q_SLOTS:
         e.touche(Qt::Key_Up);
         e.grille()->selectRow(2);
         e.touche(Qt::Key_C, Qt::ControlModifier);
-        QCOMPARE(QApplication::clipboard()->text(), s("Carbone Organique\t3\tmg(C)/L\t10\t\t\t\t\t\t"));
+        QCOMPARE(QApplication::clipboard()->text(), s("Carbone Organique\t3\tmg(C)/L\t10\t\t\t\t\t\t\n"));
         e.touche(Qt::Key_Delete);
         QCOMPARE(e.lignes(), 2);
         // Del on a cell empties it, and the rule has its say.
@@ -491,6 +492,31 @@ private Q_SLOTS:
                                "(SELECT * FROM Temp_mesure_physico ORDER BY rowid)"))
                      .toString(),
                  s("Suivi pluie/,/,Suivi pluie/0,5"));
+    }
+
+    // The calendar, and a list that the arrows open.
+    void dates()
+    {
+        Essai e;
+        const qint64 p = e.base.ajouterPrelevement(s("04211940"), QDate(2008, 5, 6), QTime(7, 0));
+        e.base.ajouterMesure(p, s("1340"), 1);
+        QVERIFY(e.pret());
+        auto *code = e.trouver<ZoneCombo>("cmb_code");
+        code->setCurrentIndex(code->findText(s("04211940")));
+        auto *date = e.trouver<ZoneComboLibre>("cmb_Date");
+        QCOMPARE(date->count(), 1);
+        QTRY_VERIFY(code->hasFocus());
+        date->setFocus();
+        e.touche(Qt::Key_Down, Qt::ControlModifier);
+        auto *calendrier = QApplication::activePopupWidget()
+                               ? QApplication::activePopupWidget()->findChild<QCalendarWidget *>()
+                               : nullptr;
+        QVERIFY(calendrier);
+        calendrier->setSelectedDate(QDate(2008, 5, 6));
+        Q_EMIT calendrier->activated(QDate(2008, 5, 6));
+        QCOMPARE(date->currentText(), s("06/05/2008"));
+        QCOMPARE(e.trouver<ZoneComboLibre>("cmb_heure")->count(), 1);
+        QVERIFY(e.bouton("cmd_suppr")->isEnabled());
     }
 
     // Both families have their own work table, and may be open side by side.
