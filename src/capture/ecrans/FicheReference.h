@@ -105,7 +105,10 @@ protected:
     template <typename Fiche> void appeler(QPushButton *bouton, int origine)
     {
         connect(bouton, &QAbstractButton::clicked, this, [this, origine] {
-            ouvrir<Fiche>(session(), cadre(), this, origine, [this] { rafraichir(); });
+            executer([this, origine] {
+                ouvrir<Fiche>(session(), cadre(), this, origine,
+                              [this] { executer([this] { rafraichir(); }); });
+            });
         });
     }
     // Fills a combo. A stored value that is not among the rows is added when a row that holds it is shown, so that a save
