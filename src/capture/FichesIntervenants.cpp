@@ -86,7 +86,7 @@ DescriptionFiche avecDepartement(const QString &objet, const QString &de, const 
         Champs{statut(de),
                rue(de),
                ville(de),
-               champ(u"txt_depart", u"DépartPaysInterv", QStringLiteral("Le département ou le pays ") + de),
+               champ(u"txt_departpays", u"DépartPaysInterv", QStringLiteral("Le département ou le pays ") + de),
                commentaire(de),
                codePostal(de)};
     return d;

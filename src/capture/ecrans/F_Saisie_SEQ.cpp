@@ -1,5 +1,6 @@
 #include "capture/ecrans/F_Saisie_SEQ.h"
 
+#include "capture/ecrans/F_Saisie_Parametre.h"
 #include "capture/FicheGrilleSEQ.h"
 #include "database/DataEnvironment1.h"
 #include "ui_F_Saisie_SEQ.h"
@@ -24,6 +25,7 @@ F_Saisie_SEQ::F_Saisie_SEQ(Session &session, Cadre &cadre)
     teinter(m_ui->teinte_jaune, 0xffd700);
     teinter(m_ui->teinte_orange, 0xff8c00);
     teinter(m_ui->teinte_rouge, 0xd00000);
+    appeler<F_Saisie_Parametre>(m_ui->cmd_param, OrigineSaisie::GRILLE_SEQ);
     preparerFiche();
     connect(m_ui->cmb_param, &ZoneCombo::choixChange, this, &F_Saisie_SEQ::montrerUnite);
 }

@@ -329,6 +329,42 @@ private Q_SLOTS:
         QCOMPARE(essai.base.compter(s("GRILLE_SEQ")), 1);
     }
 
+    // The list of the grids' parameters knows a parameter that was typed meanwhile.
+    void parametreDeLaGrille()
+    {
+        FicheDEssai<F_Saisie_SEQ> essai;
+        QVERIFY(essai.ouvrir());
+        essai.cliquer("cmd_param");
+        QVERIFY(qobject_cast<F_Saisie_Parametre *>(essai.cadre.ecrans.value(0)));
+        essai.base.sql(
+            s("INSERT INTO PARAMETRE (CodeParam, NomParam, CodeUnite) VALUES ('9001', 'Neuf', '162')"));
+        essai.cadre.ecrans.first()->close();
+        essai.choisir("cmb_param", "Neuf");
+        QCOMPARE(essai.texte("lbl_unite4"), s("mg/L"));
+    }
+
+    // Numbers that no measure has are refused in words, on both sheets that hold some.
+    void nombresDemesures()
+    {
+        const QString immense(400, u'9');
+        FicheDEssai<F_Saisie_SEQ> grille;
+        QVERIFY(grille.ouvrir());
+        grille.choisir("cmb_param", "Nitrates");
+        for (const char *champ : {"txt_valeur1", "txt_valeur2", "txt_valeur3", "txt_valeur4"})
+            grille.taper(champ, immense);
+        grille.cliquer("cmd_valider");
+        QCOMPARE(grille.dernierMessage(), s("La valeur du bleu est une valeur trop grande."));
+        FicheDEssai<F_Saisie_Parametre> parametre;
+        QVERIFY(parametre.ouvrir());
+        parametre.choisir("cmb_code", "1340");
+        parametre.choisir("cmb_fraction", "23 - Eau brute");
+        parametre.taper("txt_norme", immense);
+        parametre.cliquer("cmd_valider");
+        QCOMPARE(parametre.dernierMessage(), s("La norme est une valeur trop grande."));
+        QCOMPARE(grille.base.compter(s("GRILLE_SEQ")) + parametre.base.compter(s("NORME_AEP")), 0);
+        QVERIFY(grille.dialogue.questions.isEmpty() && parametre.dialogue.questions.isEmpty());
+    }
+
     void textesTropLongs()
     {
         hostile<F_Saisie_Unite>({s("txt_code"), s("txt_symbole"), s("txt_libelle"), s("cmb_statut")});
@@ -336,7 +372,7 @@ private Q_SLOTS:
         hostile<F_Saisie_Methode>({s("txt_code"), s("txt_nom"), s("txt_comm")});
         hostile<F_Saisie_Parametre>({s("txt_code"), s("txt_nom"), s("cmb_statut"), s("txt_comm")});
         hostile<F_Saisie_Gestionnaire>({s("txt_code"), s("txt_nom"), s("txt_libelle"), s("cmb_statut"),
-                                        s("txt_rue"), s("txt_cp"), s("txt_ville"), s("txt_depart"),
+                                        s("txt_rue"), s("txt_cp"), s("txt_ville"), s("txt_departpays"),
                                         s("txt_comm")});
         hostile<F_Organisme_Preleveur>({s("txt_code"), s("txt_nom"), s("txt_libelle"), s("cmb_statut"),
                                         s("txt_rue"), s("txt_cp"), s("txt_ville"), s("txt_comm")});
