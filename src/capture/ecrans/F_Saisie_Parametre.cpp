@@ -33,6 +33,8 @@ F_Saisie_Parametre::F_Saisie_Parametre(Session &session, Cadre &cadre)
     : FicheReference(session, cadre, Fiches::parametre()), m_ui(std::make_unique<Ui::F_Saisie_Parametre>())
 {
     m_ui->setupUi(this);
+    if (mode() == MODE_IMPORT)
+        m_uniteDuFichier = session.importSession.ElementUnite;
     preparerFiche();
     reglerCode();
 
@@ -40,10 +42,7 @@ F_Saisie_Parametre::F_Saisie_Parametre(Session &session, Cadre &cadre)
         if (m_ui->cmb_nature->code() == FicheParametre::GROUPE_PESTICIDES)
             m_ui->cmb_groupe->choisir(QStringLiteral("PS"));
     });
-    connect(m_ui->cmd_unite, &QPushButton::clicked, this, [this] {
-        ouvrir<F_Saisie_Unite>(this->session(), this->cadre(), this, OrigineSaisie::PARAMETRE,
-                               [this] { rafraichir(); });
-    });
+    connect(m_ui->cmd_unite, &QPushButton::clicked, this, &F_Saisie_Parametre::ouvrirUnite);
     connect(m_ui->cmb_unite, &ZoneCombo::choixChange, this, &F_Saisie_Parametre::accorderUnites);
     connect(m_ui->cmb_unite_import, &ZoneCombo::choixChange, this, &F_Saisie_Parametre::ajouterUnite);
     connect(m_ui->cmd_retirer_unite, &QPushButton::clicked, this, &F_Saisie_Parametre::retirerUnite);
@@ -62,6 +61,21 @@ F_Saisie_Parametre::F_Saisie_Parametre(Session &session, Cadre &cadre)
 }
 
 F_Saisie_Parametre::~F_Saisie_Parametre() = default;
+
+void F_Saisie_Parametre::ouvrirUnite()
+{
+    const bool inconnue = !m_uniteDuFichier.isEmpty() && m_ui->cmb_unite->estVide();
+    auto *fiche =
+        ouvrir<F_Saisie_Unite>(session(), cadre(), this, OrigineSaisie::PARAMETRE, [this, inconnue] {
+            rafraichir();
+            if (!inconnue || !m_ui->cmb_unite->estVide())
+                return;
+            m_ui->cmb_unite->choisir(M_Referentiels::CodeUniteDeSymbole(session().donnees, m_uniteDuFichier));
+            accorderUnites();
+        });
+    if (inconnue)
+        fiche->proposer(QStringLiteral("txt_symbole"), m_uniteDuFichier);
+}
 
 // The code is a number, beside what its column asks for; one that an old base holds otherwise stays.
 void F_Saisie_Parametre::reglerCode()

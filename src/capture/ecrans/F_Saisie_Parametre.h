@@ -32,6 +32,8 @@ protected:
 
 private:
     void reglerCode();
+    // Opens the sheet of a unit; during an import, filled with the one that the file gives and the base does not know.
+    void ouvrirUnite();
     void ajouterUnite();
     void retirerUnite();
     // The unit of reference has changed: what hangs on it.
@@ -49,4 +51,5 @@ private:
     QMap<QString, QString> m_normes; // fraction to the norm's text, as typed
     QStringList m_fractionsLues;     // those that have a norm in the base
     QString m_fraction;              // whose norm is shown
+    QString m_uniteDuFichier;        // symbol that an import has met
 };

@@ -200,6 +200,27 @@ private Q_SLOTS:
         QCOMPARE(essai.texte("lbl_unite_norme"), s("kg/j"));
     }
 
+    // During an import, the unit that the base does not know comes filled with the file's symbol, and is chosen once it is there.
+    void uniteInconnueDUnImport()
+    {
+        FicheDEssai<F_Saisie_Parametre> essai;
+        essai.session.importSession.ElementUnite = s("kg/j");
+        auto *fiche = FicheReference::ouvrir<F_Saisie_Parametre>(
+            essai.session, essai.cadre, nullptr, OrigineSaisie::IMPORT, {}, FicheReference::MODE_IMPORT);
+        fiche->proposer(s("cmb_unite"), s("kg/j"));
+        auto *unite = fiche->findChild<QComboBox *>(s("cmb_unite"));
+        QCOMPARE(unite->currentText(), QString());
+        fiche->findChild<QPushButton *>(s("cmd_unite"))->click();
+        QCOMPARE(essai.cadre.ecrans.size(), 2);
+        QWidget *ficheUnite = essai.cadre.ecrans.last();
+        QCOMPARE(ficheUnite->findChild<QLineEdit *>(s("txt_symbole"))->text(), s("kg/j"));
+        essai.base.sql(s("INSERT INTO UNITEREFERENCE VALUES ('900', 'kg/j', '', '')"));
+        ficheUnite->show();
+        QVERIFY(ficheUnite->close());
+        QCOMPARE(unite->currentText(), s("kg/j"));
+        QVERIFY(essai.dialogue.questions.isEmpty());
+    }
+
     void gestionnaire()
     {
         FicheDEssai<F_Saisie_Gestionnaire> essai;
