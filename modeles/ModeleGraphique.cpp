@@ -24,6 +24,8 @@ constexpr int RETRAIT = 100;
 constexpr double TAILLE_TEXTE = 9;
 constexpr double TAILLE_AXES = 9;
 constexpr int TAILLE_MARQUEUR = 5;
+// Columns of days stand so far apart that a line behind them can be followed.
+constexpr int ESPACE_COLONNES = 150;
 const QString POLICE = QStringLiteral("Arial");
 
 constexpr int FOND_INTITULES = 34; // pale blue
@@ -49,6 +51,8 @@ public:
             aspect(graphique);
         }
         page();
+        // Whoever opens the finished file sees the chart, the data are at its left.
+        m_feuille.montrerDepuis(premiereColonneBloc());
         return graphique;
     }
 
@@ -130,7 +134,7 @@ private:
                 serie.remplissage(modele.couleur);
                 serie.trait({StyleTrait::Aucun});
                 if (modele.type != TypeSerie::AireEmpilee)
-                    serie.espacement(20);
+                    serie.espacement(ESPACE_COLONNES);
             }
         }
     }

@@ -8,7 +8,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
-#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QVector>
+#include <QXmlStreamReader>
 
 class GraphiquesLus
 {
@@ -75,4 +77,85 @@ public:
 private:
     QJsonObject m_contenu;
     QString m_erreurs;
+};
+
+// What Gnumeric makes of the charts of a .xls.
+class GnumericLu
+{
+public:
+    struct Serie {
+        QString genre; // "GogLinePlot", "GogAreaPlot", "GogBarColPlot"
+        QString nom;   // addresses as "Mesures!$B$9:$B$60"; a single cell for the name
+        QString valeurs;
+        QString abscisses;
+    };
+
+    explicit GnumericLu(const QString &chemin)
+    {
+        const QTemporaryDir dossier;
+        const QString sortie = dossier.filePath(QStringLiteral("lu.gnumeric"));
+        QProcess conversion;
+        conversion.start(QStringLiteral("ssconvert"),
+                         {QStringLiteral("-T"), QStringLiteral("Gnumeric_XmlIO:sax:0"), chemin, sortie});
+        conversion.waitForFinished(60'000);
+        // The libraries below it complain of the host, not of the file.
+        const QStringList lignes =
+            QString::fromUtf8(conversion.readAllStandardError()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        for (const QString &ligne : lignes)
+            if (!ligne.contains(QLatin1String("GLib")) && !ligne.contains(QLatin1String("dconf")) &&
+                !ligne.contains(QLatin1String("Gtk-")))
+                m_plaintes += ligne + QLatin1Char('\n');
+        QFile fichier(sortie);
+        if (!fichier.open(QIODevice::ReadOnly)) {
+            m_plaintes += QStringLiteral("rien n'a été converti");
+            return;
+        }
+        lire(fichier);
+    }
+
+    // What it says while reading; empty for a file that it takes as it is.
+    QString plaintes() const { return m_plaintes; }
+    QVector<Serie> series() const { return m_series; }
+    // Kinds of plot, once each, in order.
+    QStringList genres() const
+    {
+        QStringList genres;
+        for (const Serie &serie : m_series)
+            if (!genres.contains(serie.genre))
+                genres << serie.genre;
+        genres.sort();
+        return genres;
+    }
+
+private:
+    void lire(QFile &fichier)
+    {
+        QXmlStreamReader xml(&fichier);
+        QString genre;
+        bool dansSerie = false;
+        while (!xml.atEnd()) {
+            if (xml.readNext() != QXmlStreamReader::StartElement)
+                continue;
+            if (xml.name() == QLatin1String("GogObject")) {
+                const QString role = xml.attributes().value(QLatin1String("role")).toString();
+                if (role == QLatin1String("Plot"))
+                    genre = xml.attributes().value(QLatin1String("type")).toString();
+                dansSerie = role == QLatin1String("Series");
+                if (dansSerie)
+                    m_series.append({genre, {}, {}, {}});
+            } else if (dansSerie && xml.name() == QLatin1String("dimension")) {
+                const int numero = xml.attributes().value(QLatin1String("id")).toInt();
+                const QString adresse = xml.readElementText();
+                if (numero == -1)
+                    m_series.last().nom = adresse;
+                else if (numero == 0)
+                    m_series.last().abscisses = adresse;
+                else if (numero == 1)
+                    m_series.last().valeurs = adresse;
+            }
+        }
+    }
+
+    QString m_plaintes;
+    QVector<Serie> m_series;
 };

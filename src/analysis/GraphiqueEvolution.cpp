@@ -6,10 +6,35 @@
 #include "workbook/Feuille.h"
 #include "workbook/SerieGraphique.h"
 
+#include <cmath>
+
 using namespace DispositionEvolution;
 
 namespace
 {
+// The title box of the templates: what it holds, in points.
+constexpr double LARGEUR_TEXTE = 740;
+constexpr double HAUTEUR_TEXTE = 78;
+constexpr double POLICE_MAXIMALE = 9;
+constexpr double POLICE_MINIMALE = 5;
+constexpr double INTERLIGNE = 1.16;
+constexpr double LARGEUR_CARACTERE = 0.55; // of the size, on average
+
+// The greatest size at which all lines, folded where they are too long, stand in the box.
+double taillePour(const QStringList &lignes)
+{
+    for (double taille = POLICE_MAXIMALE; taille > POLICE_MINIMALE; taille -= 0.5) {
+        const double parLigne = std::floor(LARGEUR_TEXTE / (taille * LARGEUR_CARACTERE));
+        double hauteur = 0;
+        for (const QString &ligne : lignes)
+            hauteur +=
+                qMax(1.0, std::ceil(static_cast<double>(ligne.size()) / parLigne)) * taille * INTERLIGNE;
+        if (hauteur <= HAUTEUR_TEXTE)
+            return taille;
+    }
+    return POLICE_MINIMALE;
+}
+
 // The remark codes whose points are marked.
 constexpr int CODE_CERCLE = 2;
 constexpr int CODE_CROIX = 3;
@@ -42,6 +67,19 @@ QVector<Emploi> emplois(const DescriptionGraphiqueEvolution &d)
             {SERIE_PLUIE, COLONNE_PLUIE, d.pluie},
             {SERIE_COURBE_1, COLONNE_COURBE, true},
             {SERIE_COURBE_2, COLONNE_COURBE + 1, d.deuxCourbes}};
+}
+
+// Height of the plot over that of the greatest column.
+constexpr double HAUTEUR_SUR_COLONNES = 2.5;
+
+// The first of 1, 2, 2.5, 5 times a power of ten that is at least the number: an axis to it has round steps.
+double nombreRond(double nombre)
+{
+    const double puissance = std::pow(10.0, std::floor(std::log10(nombre)));
+    for (const double facteur : {1.0, 2.0, 2.5, 5.0})
+        if (facteur * puissance >= nombre * (1 - 1e-9))
+            return facteur * puissance;
+    return 10 * puissance;
 }
 
 class Cablage
@@ -131,6 +169,8 @@ private:
         AxeGraphique droite = m_graphique.axe(TypeAxe::Valeur, 2);
         EchelleAxe libre;
         libre.minimum = 0;
+        if ((m_description.debit || m_description.pluie) && m_description.maximumSecondaire > 0)
+            libre.maximum = nombreRond(m_description.maximumSecondaire * HAUTEUR_SUR_COLONNES);
         droite.echelle(libre);
         droite.titre(m_description.titreAxeSecondaire);
     }
@@ -145,8 +185,9 @@ private:
 
 void cablerGraphiqueEvolution(Feuille &mesures, const DescriptionGraphiqueEvolution &description)
 {
-    mesures.zoneTexte(QStringLiteral("Text Box 1"))
-        .ecrire((description.titre + description.figures).join(QLatin1Char('\n')),
-                static_cast<int>(description.titre.size()));
+    const QStringList lignes = description.titre + description.figures;
+    BoiteTexte texte = mesures.zoneTexte(QStringLiteral("Text Box 1"));
+    texte.ecrire(lignes.join(QLatin1Char('\n')), static_cast<int>(description.titre.size()));
+    texte.police(QStringLiteral("Arial"), taillePour(lignes));
     Cablage(mesures, description).cabler();
 }

@@ -63,6 +63,9 @@ struct DescriptionGraphiqueEvolution {
     // Left axis; right axis: of the flow, the rain, or of a second curve that has the axis to itself.
     QString titreAxe;
     QString titreAxeSecondaire;
+    // Greatest flow or rain. Their columns hang over the curve in most readers, so the right axis is made so high that
+    // they keep to the lower part of the plot; 0: as high as they are.
+    double maximumSecondaire = 0;
     // Top of the left axis; none: as high as the values want it.
     std::optional<double> echelleMaximale;
     QVector<Point> points;

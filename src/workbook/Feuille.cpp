@@ -10,6 +10,8 @@
 #include <com/sun/star/sheet/XCellRangesQuery.hpp>
 #include <com/sun/star/sheet/XSheetCellRanges.hpp>
 #include <com/sun/star/sheet/XSpreadsheets.hpp>
+#include <com/sun/star/sheet/XSpreadsheetView.hpp>
+#include <com/sun/star/sheet/XViewPane.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <QRegularExpression>
 
@@ -203,6 +205,16 @@ void Feuille::hauteurOptimale(int ligne)
     m_donnees->appeler([&] {
         Reference<css::beans::XPropertySet>(lignesDe(*m_donnees)->getByIndex(ligne - 1), UNO_QUERY_THROW)
             ->setPropertyValue("OptimalHeight", Any(true));
+    });
+}
+
+void Feuille::montrerDepuis(int colonne)
+{
+    m_donnees->appeler([&] {
+        const Reference<css::frame::XModel> document(m_donnees->classeur->ouvert(), UNO_QUERY_THROW);
+        const Reference<css::sheet::XSpreadsheetView> vue(document->getCurrentController(), UNO_QUERY_THROW);
+        vue->setActiveSheet(m_donnees->objet());
+        Reference<css::sheet::XViewPane>(vue, UNO_QUERY_THROW)->setFirstVisibleColumn(colonne - 1);
     });
 }
 

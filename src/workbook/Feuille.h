@@ -48,6 +48,8 @@ public:
     void sautDePage(int ligne);
     // Prints this part only.
     void zoneImpression(const Plage &plage);
+    // The sheet opens with this column at its left edge, and in front of the others.
+    void montrerDepuis(int colonne);
     // Hides the sheet, or shows it again.
     void cacher(bool oui);
 

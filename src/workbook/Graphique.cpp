@@ -196,8 +196,8 @@ QString Graphique::Donnees::adresseDe(const Plage &cellules) const
                        ->getName())
                 .replace(QLatin1Char('\''), QLatin1String("''"));
     const QString debut = QStringLiteral("$'%1'.$%2$%3")
-                             .arg(nomFeuille, colonneEnLettres(lieu.StartColumn))
-                             .arg(lieu.StartRow + 1);
+                              .arg(nomFeuille, colonneEnLettres(lieu.StartColumn))
+                              .arg(lieu.StartRow + 1);
     return debut + QStringLiteral(":$%1$%2").arg(colonneEnLettres(lieu.EndColumn)).arg(lieu.EndRow + 1);
 }
 
