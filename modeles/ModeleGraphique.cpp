@@ -108,6 +108,7 @@ private:
         zone.police(POLICE, TAILLE_TEXTE);
         zone.couleurPolice(Teinte::index(COULEUR_TEXTE));
         zone.alignement(Alignement::Centre);
+        zone.alignement(Alignement::Milieu);
         zone.fond(Teinte::index(2));
         zone.bord({StyleTrait::Continu, Teinte::index(COULEUR_FILET), EpaisseurTrait::Filet});
     }

@@ -4,6 +4,7 @@
 
 #include <com/sun/star/awt/FontWeight.hpp>
 #include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/drawing/TextVerticalAdjust.hpp>
 #include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/style/ParagraphAdjust.hpp>
@@ -137,8 +138,17 @@ void BoiteTexte::ecrire(const QString &texte, int lignesEnGras)
 
 void BoiteTexte::police(const QString &nom, double points)
 {
-    m_donnees->regler(
-        Reglages().mettre("CharFontName", versUno(nom)).mettre("CharHeight", static_cast<float>(points)));
+    // The text that is there has a look of its own, which the box's does not change.
+    const Reglages reglages =
+        Reglages().mettre("CharFontName", versUno(nom)).mettre("CharHeight", static_cast<float>(points));
+    m_donnees->appeler([&] {
+        const auto curseur =
+            Reference<css::text::XText>(m_donnees->forme, UNO_QUERY_THROW)->createTextCursor();
+        curseur->gotoStart(false);
+        curseur->gotoEnd(true);
+        reglages.appliquer(curseur);
+        reglages.appliquer(m_donnees->forme);
+    });
 }
 
 void BoiteTexte::couleurPolice(Teinte couleur)
@@ -148,8 +158,18 @@ void BoiteTexte::couleurPolice(Teinte couleur)
 
 void BoiteTexte::alignement(Alignement alignement)
 {
+    using css::drawing::TextVerticalAdjust;
+    const std::pair<Alignement, TextVerticalAdjust> verticaux[] = {
+        {Alignement::Haut, css::drawing::TextVerticalAdjust_TOP},
+        {Alignement::Milieu, css::drawing::TextVerticalAdjust_CENTER},
+        {Alignement::Bas, css::drawing::TextVerticalAdjust_BOTTOM}};
+    for (const auto &[voulu, vertical] : verticaux)
+        if (voulu == alignement) {
+            m_donnees->regler(Reglages().mettre("TextVerticalAdjust", vertical));
+            return;
+        }
     auto valeur = css::style::ParagraphAdjust_LEFT;
-    if (alignement == Alignement::Centre || alignement == Alignement::Milieu)
+    if (alignement == Alignement::Centre)
         valeur = css::style::ParagraphAdjust_CENTER;
     else if (alignement == Alignement::Droite)
         valeur = css::style::ParagraphAdjust_RIGHT;

@@ -19,6 +19,7 @@ public:
     void ecrire(const QString &texte, int lignesEnGras = 0);
     void police(const QString &nom, double points);
     void couleurPolice(Teinte couleur);
+    // Of the lines across the box (Gauche, Centre, Droite), or of the whole in its height (Haut, Milieu, Bas).
     void alignement(Alignement alignement);
     // Teinte::aucune() leaves it transparent.
     void fond(Teinte couleur);

@@ -42,7 +42,7 @@ public:
     // to answer the filter's questions, which takes longer than all the rest of a save.
     std::vector<css::uno::Reference<css::frame::XModel>> graphiques;
     // What a .xls is to be given after each save.
-    QVector<std::shared_ptr<RetouchesGraphique>> retouches;
+    RetouchesClasseur retouches;
     void suspendre(const css::uno::Reference<css::frame::XModel> &graphique)
     {
         graphique->lockControllers();

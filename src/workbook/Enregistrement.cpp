@@ -125,11 +125,9 @@ void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const
     } catch (const Erreur &e) {
         refuser(cheminHote, motifEchec(dossier, e.description()));
     }
-    const bool retouches = std::any_of(donnees.retouches.begin(), donnees.retouches.end(),
-                                       [](const auto &r) { return !r->vide(); });
-    if (retouches && std::string_view(filtre) == FILTRE_XLS &&
+    if (!donnees.retouches.vide() && std::string_view(filtre) == FILTRE_XLS &&
         !retoucherFichier(provisoire, donnees.retouches))
-        refuser(cheminHote, QStringLiteral("les marques de ses graphiques n'ont pas pu y être mises."));
+        refuser(cheminHote, QStringLiteral("la mise en forme de ses graphiques n'a pas pu y être portée."));
     const QString raison = mettreEnPlace(provisoire, cheminHote);
     QFile::remove(provisoire);
     refuser(cheminHote, raison);

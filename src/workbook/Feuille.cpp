@@ -10,8 +10,6 @@
 #include <com/sun/star/sheet/XCellRangesQuery.hpp>
 #include <com/sun/star/sheet/XSheetCellRanges.hpp>
 #include <com/sun/star/sheet/XSpreadsheets.hpp>
-#include <com/sun/star/sheet/XSpreadsheetView.hpp>
-#include <com/sun/star/sheet/XViewPane.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <QRegularExpression>
 
@@ -210,11 +208,11 @@ void Feuille::hauteurOptimale(int ligne)
 
 void Feuille::montrerDepuis(int colonne)
 {
+    // No window of a hidden instance is saved: the finished file is told.
     m_donnees->appeler([&] {
-        const Reference<css::frame::XModel> document(m_donnees->classeur->ouvert(), UNO_QUERY_THROW);
-        const Reference<css::sheet::XSpreadsheetView> vue(document->getCurrentController(), UNO_QUERY_THROW);
-        vue->setActiveSheet(m_donnees->objet());
-        Reference<css::sheet::XViewPane>(vue, UNO_QUERY_THROW)->setFirstVisibleColumn(colonne - 1);
+        RetouchesClasseur &retouches = m_donnees->classeur->retouches;
+        retouches.feuilleActive = m_donnees->rang();
+        retouches.premieresColonnes.insert(m_donnees->rang(), colonne - 1);
     });
 }
 

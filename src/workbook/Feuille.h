@@ -48,7 +48,7 @@ public:
     void sautDePage(int ligne);
     // Prints this part only.
     void zoneImpression(const Plage &plage);
-    // The sheet opens with this column at its left edge, and in front of the others.
+    // A .xls saved from now on opens on this sheet, with this column at its left edge.
     void montrerDepuis(int colonne);
     // Hides the sheet, or shows it again.
     void cacher(bool oui);

@@ -108,7 +108,7 @@ Graphique::Donnees::Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille, QS
     repere = tous[0];
     source = document->getDataProvider();
     feuille->classeur->suspendre(modele);
-    auto &toutes = feuille->classeur->retouches;
+    auto &toutes = feuille->classeur->retouches.graphiques;
     const auto sienne = std::find_if(toutes.begin(), toutes.end(), [&](const auto &r) {
         return r->feuille == feuille->rang() && r->rang == rang;
     });

@@ -189,7 +189,7 @@ void Graphique::supprimer()
         if (noms->hasByName(nomDefini(m_donnees->nom)))
             noms->removeByName(nomDefini(m_donnees->nom));
         // Those after it move up.
-        auto &toutes = m_donnees->feuille->classeur->retouches;
+        auto &toutes = m_donnees->feuille->classeur->retouches.graphiques;
         toutes.removeOne(m_donnees->retouches);
         for (const auto &autre : toutes)
             if (autre->feuille == m_donnees->retouches->feuille && autre->rang > m_donnees->retouches->rang)

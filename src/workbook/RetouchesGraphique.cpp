@@ -12,7 +12,9 @@ namespace
 enum Enregistrement : quint16 {
     FIN = 0x000A,
     PROTECTION = 0x0012,
+    FENETRE_CLASSEUR = 0x003D,
     FEUILLE = 0x0085,
+    FENETRE_FEUILLE = 0x023E,
     FORMAT = 0x041E,
     DEBUT = 0x0809,
     SERIE = 0x1003,
@@ -35,19 +37,14 @@ constexpr int AUCUN = -2;
 class Retoucheur
 {
 public:
-    Retoucheur(QByteArray &flux, const QVector<std::shared_ptr<RetouchesGraphique>> &retouches)
-        : m_flux(flux), m_retouches(retouches)
-    {
-    }
+    Retoucheur(QByteArray &flux, const RetouchesClasseur &retouches) : m_flux(flux), m_retouches(retouches) {}
 
     bool retoucher()
     {
         if (!lireEnTete())
             return false;
         for (qsizetype i = 0; i < m_feuilles.size(); ++i) {
-            const bool concernee = std::any_of(m_retouches.begin(), m_retouches.end(),
-                                               [i](const auto &r) { return r->feuille == i && !r->vide(); });
-            if (concernee && !retoucherFeuille(static_cast<int>(i)))
+            if (concernee(static_cast<int>(i)) && !retoucherFeuille(static_cast<int>(i)))
                 return false;
         }
         return true;
@@ -69,13 +66,23 @@ private:
     quint16 taille(qsizetype place) const { return nombre<quint16>(place + 2); }
     qsizetype suivant(qsizetype place) const { return place + EN_TETE + taille(place); }
 
+    bool concernee(int feuille) const
+    {
+        const auto &graphiques = m_retouches.graphiques;
+        return m_retouches.feuilleActive >= 0 || m_retouches.premieresColonnes.contains(feuille) ||
+               std::any_of(graphiques.begin(), graphiques.end(),
+                           [feuille](const auto &r) { return r->feuille == feuille && !r->vide(); });
+    }
+
     bool lireEnTete()
     {
         for (qsizetype place = 0; entier(place); place = suivant(place)) {
             const qsizetype donnees = place + EN_TETE;
             if (genre(place) == FIN)
                 return true;
-            if (genre(place) == FEUILLE && taille(place) >= 4)
+            if (genre(place) == FENETRE_CLASSEUR && taille(place) >= 12 && m_retouches.feuilleActive >= 0)
+                ecrire16(donnees + 10, static_cast<quint16>(m_retouches.feuilleActive));
+            else if (genre(place) == FEUILLE && taille(place) >= 4)
                 m_feuilles.append(nombre<quint32>(donnees));
             else if (genre(place) == FORMAT && taille(place) > 5)
                 m_formats.insert(texteFormat(donnees), nombre<quint16>(donnees));
@@ -105,16 +112,31 @@ private:
         int rang = 0;
         for (qsizetype place = m_feuilles.at(numero); entier(place); place = suivant(place)) {
             if (genre(place) == DEBUT && ++profondeur == 2) {
-                for (const auto &retouche : m_retouches)
+                for (const auto &retouche : m_retouches.graphiques)
                     if (retouche->feuille == numero && retouche->rang == rang &&
                         !retoucherGraphique(place, *retouche))
                         return false;
                 ++rang;
             }
+            if (genre(place) == FENETRE_FEUILLE && profondeur == 1 && taille(place) >= 6)
+                retoucherFenetre(place + EN_TETE, numero);
             if (genre(place) == FIN && --profondeur == 0)
                 return true;
         }
         return false;
+    }
+
+    void retoucherFenetre(qsizetype donnees, int numero)
+    {
+        constexpr quint16 CHOISIE_ET_DEVANT = 0x0600;
+        const auto drapeaux = nombre<quint16>(donnees);
+        if (m_retouches.feuilleActive >= 0)
+            ecrire16(donnees, static_cast<quint16>(numero == m_retouches.feuilleActive
+                                                       ? drapeaux | CHOISIE_ET_DEVANT
+                                                       : drapeaux & ~CHOISIE_ET_DEVANT));
+        if (const auto colonne = m_retouches.premieresColonnes.constFind(numero);
+            colonne != m_retouches.premieresColonnes.constEnd())
+            ecrire16(donnees + 4, static_cast<quint16>(*colonne));
     }
 
     bool retoucherGraphique(qsizetype debut, const RetouchesGraphique &retouche)
@@ -266,7 +288,7 @@ private:
     }
 
     QByteArray &m_flux;
-    const QVector<std::shared_ptr<RetouchesGraphique>> &m_retouches;
+    const RetouchesClasseur &m_retouches;
     QVector<quint32> m_feuilles;
     QHash<QString, quint16> m_formats;
 };
@@ -279,12 +301,18 @@ bool RetouchesGraphique::vide() const
            });
 }
 
-bool retoucherClasseur(QByteArray &flux, const QVector<std::shared_ptr<RetouchesGraphique>> &retouches)
+bool RetouchesClasseur::vide() const
+{
+    return premieresColonnes.isEmpty() && feuilleActive < 0 &&
+           std::all_of(graphiques.begin(), graphiques.end(), [](const auto &r) { return r->vide(); });
+}
+
+bool retoucherClasseur(QByteArray &flux, const RetouchesClasseur &retouches)
 {
     return Retoucheur(flux, retouches).retoucher();
 }
 
-bool retoucherFichier(const QString &chemin, const QVector<std::shared_ptr<RetouchesGraphique>> &retouches)
+bool retoucherFichier(const QString &chemin, const RetouchesClasseur &retouches)
 {
     QFile fichier(chemin);
     FichierCompose compose;

@@ -1,7 +1,8 @@
 // What the application's filter of .xls cannot write of a chart, put into the finished file: markers without fill or with
-// colours of their own, the line through a marked point, the number format of the category axis.
+// colours of their own, the line through a marked point, the number format of the category axis. And which part of a sheet
+// is seen first.
 //
-// Records of the format are changed in place ([MS-XLS]: MarkerFormat, LineFormat, IFmtRecord), so that no other part of
+// Records of the format are changed in place ([MS-XLS]: MarkerFormat, LineFormat, IFmtRecord, Window1, Window2), so that no other part of
 // the file moves.
 #pragma once
 
@@ -43,8 +44,17 @@ struct RetouchesGraphique {
     bool vide() const;
 };
 
+struct RetouchesClasseur {
+    QVector<std::shared_ptr<RetouchesGraphique>> graphiques;
+    // Column, from 0, at the left edge of a sheet's window; a workbook that is never shown has no windows to save.
+    QHash<int, int> premieresColonnes;
+    int feuilleActive = -1; // in front when the file is opened; -1: as it is
+
+    bool vide() const;
+};
+
 // Changes the stream "Workbook" of a .xls, whose length stays. False when its records do not hang together: it is then to
 // be left as it was.
-bool retoucherClasseur(QByteArray &flux, const QVector<std::shared_ptr<RetouchesGraphique>> &retouches);
+bool retoucherClasseur(QByteArray &flux, const RetouchesClasseur &retouches);
 // The same on a file.
-bool retoucherFichier(const QString &chemin, const QVector<std::shared_ptr<RetouchesGraphique>> &retouches);
+bool retoucherFichier(const QString &chemin, const RetouchesClasseur &retouches);
