@@ -4,6 +4,8 @@
 #include "database/M_Reseaux.h"
 #include "platform/VersNombre.h"
 
+#include <cmath>
+
 namespace
 {
 constexpr int LONGUEUR_LIEU = 50;
@@ -13,6 +15,12 @@ const QString &manquants()
 {
     static const QString texte = QStringLiteral("Des éléments sont manquants dans le tableau.");
     return texte;
+}
+
+// A number that is still one once it is kept to four decimals.
+bool estNombre(const QString &texte)
+{
+    return EstNumerique(texte) && std::isfinite(VersNombre(texte));
 }
 
 // A refusal after which the user goes on.
@@ -78,7 +86,7 @@ std::optional<RefusSaisie> ReglesPrelevement::jugerCellule(int colonne, const QS
             return RefusSaisie{QStringLiteral("Le paramètre saisi n'existe pas."), QStringLiteral("Erreur")};
         break;
     case RESULTAT:
-        if (!texte.isEmpty() && !EstNumerique(texte))
+        if (!texte.isEmpty() && !estNombre(texte))
             return RefusSaisie{QStringLiteral("Le résultat doit être de type numérique."),
                                QStringLiteral("Erreur de type")};
         break;
@@ -184,7 +192,7 @@ QString ReglesPrelevement::limite(const QString &texte)
 
 std::optional<RefusSaisie> ReglesPrelevement::jugerLimite(const QString &texte)
 {
-    if (texte.trimmed().isEmpty() || EstNumerique(texte))
+    if (texte.trimmed().isEmpty() || estNombre(texte))
         return std::nullopt;
     return RefusSaisie{QStringLiteral("La valeur demandée doit être de type numérique."),
                        QStringLiteral("Erreur de type")};

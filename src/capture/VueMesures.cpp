@@ -6,6 +6,7 @@
 #include "workbook/CoursRapport.h"
 #include "workbook/Tableur.h"
 
+#include <QFile>
 #include <QScopeGuard>
 
 QString cheminVueMesures(const VueMesures &vue)
@@ -19,6 +20,9 @@ void visualiserMesures(const VueMesures &vue, Dialogue &dialogue, Tableur &table
     if (etat.enCours())
         return;
     const QString chemin = Chemins::versHote(cheminVueMesures(vue));
+#ifdef Q_OS_WIN
+    QFile::remove(QStringLiteral("c:\\tampon.txt")); // left there by former versions
+#endif
     etat.definir(true);
     Progression &attente = dialogue.progression(FenetreProgression::FProgress);
     attente.montrer(QStringLiteral("Visualisation des mesures sous Excel"),

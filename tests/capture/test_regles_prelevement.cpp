@@ -91,7 +91,8 @@ private Q_SLOTS:
         for (const char *texte : {"", "Nitrite", "'; DROP TABLE PARAMETRE;--", "%"})
             ligne(qPrintable(s("paramètre ") + s(texte)), PARAMETRE, s(texte),
                   "Le paramètre saisi n'existe pas.", "Erreur", "", true);
-        for (const QString &texte : {s("douze"), s("1,2,3"), s("1e999"), s("💧"), QString(10000, u'9')})
+        for (const QString &texte :
+             {s("douze"), s("1,2,3"), s("1e999"), s("1e308"), s("💧"), QString(10000, u'9')})
             ligne(qPrintable(s("résultat ") + texte.left(6)), RESULTAT, texte,
                   "Le résultat doit être de type numérique.", "Erreur de type", "", true);
         for (const char *texte : {"", "4", "01", "1,0", "-1", "100"})
@@ -196,6 +197,7 @@ private Q_SLOTS:
         QVERIFY(!jugerLimite(QString()));
         QVERIFY(!jugerLimite(s("0.05")));
         QCOMPARE(jugerLimite(s("<0,05"))->message, s("La valeur demandée doit être de type numérique."));
+        QVERIFY(jugerLimite(s("1e308")));
         QCOMPARE(jugerLimite(s("<0,05"))->titre, s("Erreur de type"));
         QCOMPARE(limite(s(" 0.05 ")), s("0,05"));
         const QStringList lieux{s("In situ")};

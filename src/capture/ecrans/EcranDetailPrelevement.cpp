@@ -57,6 +57,7 @@ EcranDetailPrelevement::EcranDetailPrelevement(Session &session, Cadre &cadre, F
     connect(m_ui->cmd_valider, &QPushButton::clicked, this, &EcranDetailPrelevement::valider);
     connect(m_ui->cmd_ajouterReseau, &QPushButton::clicked, this, &EcranDetailPrelevement::ajouterReseau);
     connect(m_ui->cmd_supprimerReseau, &QPushButton::clicked, this, &EcranDetailPrelevement::supprimerReseau);
+    connect(m_ui->SSTab1, &QTabWidget::currentChanged, this, &EcranDetailPrelevement::changerOnglet);
     connect(m_ui->cmb_reseau, &ZoneCombo::choixChange, this, &EcranDetailPrelevement::actualiserBoutons);
     connect(m_ui->lst_reseaux, &QListWidget::itemSelectionChanged, this,
             &EcranDetailPrelevement::actualiserBoutons);
@@ -145,6 +146,17 @@ void EcranDetailPrelevement::montrerReseaux()
 {
     m_ui->SSTab1->setCurrentIndex(1);
     commencerPar(m_ui->cmb_reseau);
+}
+
+// Leaving a tab is leaving its fields: one that cannot take its text keeps the user on it.
+void EcranDetailPrelevement::changerOnglet(int nouveau)
+{
+    const QSignalBlocker muet(m_ui->SSTab1);
+    m_ui->SSTab1->setCurrentIndex(m_onglet);
+    if (!verifierZones())
+        return;
+    m_onglet = nouveau;
+    m_ui->SSTab1->setCurrentIndex(nouveau);
 }
 
 void EcranDetailPrelevement::actualiserBoutons()

@@ -38,10 +38,12 @@ private:
     void chargerReseaux();
     void ajouterReseau();
     void supprimerReseau();
+    void changerOnglet(int nouveau);
     void actualiserBoutons();
     void valider();
 
     std::unique_ptr<Ui::EcranDetailPrelevement> m_ui;
     FamillePrelevement m_famille;
     LignePrelevement m_ligne;
+    int m_onglet = 0;
 };

@@ -214,7 +214,6 @@ void EcranPrelevement::chargerListes()
     remplir("lst_reseau", ListesPrelevement::reseaux(donnees));
 }
 
-// The screen as it opens: Vider_Mesure_Physico, Vider_Mesures_Phyto.
 void EcranPrelevement::vider()
 {
     {

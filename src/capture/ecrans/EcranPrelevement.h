@@ -29,6 +29,9 @@ protected:
     // The detail sheet of the family, for a row.
     virtual EcranDetailPrelevement *creerDetail(const LignePrelevement &ligne) = 0;
 
+    // The screen as it opens.
+    void vider();
+
     void keyPressEvent(QKeyEvent *evenement) override;
     void closeEvent(QCloseEvent *evenement) override;
 
@@ -36,7 +39,6 @@ private:
     void preparerGrille();
     void chargerStations();
     void chargerListes();
-    void vider();
     void compterLignes();
 
     void changerStation(const QString &code);

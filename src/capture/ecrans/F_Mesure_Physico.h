@@ -9,6 +9,8 @@ class F_Mesure_Physico : public EcranPrelevement
 public:
     F_Mesure_Physico(Session &session, Cadre &cadre, QWidget *parent = nullptr);
 
+    void Vider_Mesure_Physico() { vider(); }
+
 protected:
     EcranDetailPrelevement *creerDetail(const LignePrelevement &ligne) override;
 };

@@ -9,6 +9,8 @@ class F_Mesures_Phyto : public EcranPrelevement
 public:
     F_Mesures_Phyto(Session &session, Cadre &cadre, QWidget *parent = nullptr);
 
+    void Vider_Mesures_Phyto() { vider(); }
+
 protected:
     EcranDetailPrelevement *creerDetail(const LignePrelevement &ligne) override;
 };

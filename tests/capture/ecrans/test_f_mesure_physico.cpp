@@ -494,6 +494,53 @@ private Q_SLOTS:
                  s("Suivi pluie/,/,Suivi pluie/0,5"));
     }
 
+    // The same with the mouse: the button of a cell, a row of its list, a click elsewhere, the place of the next row.
+    void souris()
+    {
+        Essai e;
+        QVERIFY(e.pret());
+        e.chercher();
+        GrilleListes *grille = e.grille();
+        const auto cliquer = [grille](const QPoint &point) {
+            QTest::mouseClick(grille->viewport(), Qt::LeftButton, {}, point);
+            QTest::qWait(1);
+        };
+        cliquer(QPoint(40, 60)); // below the last row
+        QCOMPARE(e.lignes(), 1);
+        const auto bouton = [grille](int colonne) {
+            const QRect place = grille->visualRect(grille->model()->index(0, colonne));
+            return QPoint(place.right() - 6, place.center().y());
+        };
+        cliquer(bouton(0));
+        auto *liste = e.trouver<QListWidget>("lst_param");
+        QVERIFY(liste->isVisible());
+        // Below its cell, in front of everything.
+        const QRect cellule = grille->visualRect(grille->model()->index(0, 0));
+        QCOMPARE(liste->mapToGlobal(QPoint(0, 0)),
+                 grille->viewport()->mapToGlobal(cellule.bottomLeft() + QPoint(0, 1)));
+        const QRect rangee = liste->visualItemRect(liste->findItems(s("Nitrates"), Qt::MatchExactly)[0]);
+        QTest::mouseClick(liste->viewport(), Qt::LeftButton, {}, rangee.center());
+        QVERIFY(!liste->isVisible());
+        QCOMPARE(e.cellule(0, 0), s("Nitrates"));
+        QCOMPARE(e.cellule(0, 2), s("mg(NO3)/L"));
+        // The row that the cell holds is the chosen one; a click on another cell hides the list and changes nothing.
+        cliquer(bouton(0));
+        QCOMPARE(liste->currentItem()->text(), s("Nitrates"));
+        cliquer(grille->visualRect(grille->model()->index(0, 1)).center());
+        QVERIFY(!liste->isVisible());
+        QCOMPARE(e.cellule(0, 0), s("Nitrates"));
+        // What was typed is taken when another cell is clicked.
+        e.frapper(s("7,5"));
+        cliquer(grille->visualRect(grille->model()->index(0, 3)).center());
+        QCOMPARE(e.cellule(0, 1), s("7,5"));
+        // A cell without a button has none.
+        cliquer(bouton(3));
+        QCOMPARE(e.cadre.ecrans.size(), 0);
+        cliquer(bouton(8));
+        QCOMPARE(e.cadre.ecrans.size(), 1);
+        QVERIFY(e.dialogue.messages.isEmpty());
+    }
+
     // The calendar, and a list that the arrows open.
     void dates()
     {
