@@ -47,7 +47,7 @@ DescriptionFiche base(const QString &objet, const QString &de, const QString &fi
                             QStringLiteral("Le code %1 doit être renseigné.").arg(de)),
                       champ(u"txt_nom", u"NomInterv", QStringLiteral("Le nom ") + de,
                             QStringLiteral("Le nom %1 doit être renseigné.").arg(de)),
-                      champ(u"txt_libelle", u"LibelleSandreInterv", QStringLiteral("Le libellé ") + de)};
+                      champ(u"txt_libellesandre", u"LibelleSandreInterv", QStringLiteral("Le libellé ") + de)};
     return d;
 }
 

@@ -392,10 +392,10 @@ private Q_SLOTS:
         hostile<F_Saisie_Reseau>({s("cmb_code"), s("txt_libelle"), s("txt_finalite")});
         hostile<F_Saisie_Methode>({s("txt_code"), s("txt_nom"), s("txt_comm")});
         hostile<F_Saisie_Parametre>({s("txt_code"), s("txt_nom"), s("cmb_statut"), s("txt_comm")});
-        hostile<F_Saisie_Gestionnaire>({s("txt_code"), s("txt_nom"), s("txt_libelle"), s("cmb_statut"),
+        hostile<F_Saisie_Gestionnaire>({s("txt_code"), s("txt_nom"), s("txt_libellesandre"), s("cmb_statut"),
                                         s("txt_rue"), s("txt_cp"), s("txt_ville"), s("txt_departpays"),
                                         s("txt_comm")});
-        hostile<F_Organisme_Preleveur>({s("txt_code"), s("txt_nom"), s("txt_libelle"), s("cmb_statut"),
+        hostile<F_Organisme_Preleveur>({s("txt_code"), s("txt_nom"), s("txt_libellesandre"), s("cmb_statut"),
                                         s("txt_rue"), s("txt_cp"), s("txt_ville"), s("txt_comm")});
     }
 };
