@@ -68,7 +68,7 @@ Enregistrement M_Enreg_Tables::bassin(const SaisieBassin &saisie,
         e.avertissement = QStringLiteral("Attention, ce bassin versant sera le bassin de référence.");
     const QString nom = e.cle;
     e.dependants = [fiche, saisie, nommer, nom](const DataEnvironment1 &donnees, qint64 rang) {
-        const QVariant numBV = rang;
+        const QVariant numBV = numeroDeBassin(donnees, rang);
         ecrireObjectifs(donnees, numBV);
         ecrireSousBassins(donnees, numBV, saisie);
         recrireLiens(donnees, fiche, rang, saisie.liens);
@@ -123,6 +123,11 @@ QString M_Enreg_Tables::refusObjectifs(const DataEnvironment1 &donnees)
         vus << paire;
     }
     return {};
+}
+
+QVariant M_Enreg_Tables::numeroDeBassin(const DataEnvironment1 &donnees, qint64 rang)
+{
+    return donnees.valeur(QStringLiteral("SELECT NumBV FROM BASSIN_VERSANT WHERE rowid = ?"), {rang});
 }
 
 QStringList M_Enreg_Tables::sousBassinsDe(const DataEnvironment1 &donnees, const QVariant &numBV)

@@ -23,6 +23,8 @@ void preparerObjectifs(const DataEnvironment1 &donnees, const QVariant &numBV);
 // where they can.
 QString refusObjectifs(const DataEnvironment1 &donnees);
 
+// NumBV of the row of this rowid.
+QVariant numeroDeBassin(const DataEnvironment1 &donnees, qint64 rang);
 // CodeSSBV of a basin's sub-basins.
 QStringList sousBassinsDe(const DataEnvironment1 &donnees, const QVariant &numBV);
 } // namespace M_Enreg_Tables

@@ -62,7 +62,7 @@ void F_Saisie_BV::remplirListes()
 void F_Saisie_BV::montrerDependants(const FicheLue *fiche)
 {
     const DataEnvironment1 &donnees = session().donnees;
-    const QVariant numBV = fiche ? QVariant(fiche->rang) : QVariant();
+    const QVariant numBV = fiche ? M_Enreg_Tables::numeroDeBassin(donnees, fiche->rang) : QVariant();
     m_sousBassinsLus = fiche ? M_Enreg_Tables::sousBassinsDe(donnees, numBV) : QStringList();
     m_ui->lst_ssbv->choisir(m_sousBassinsLus);
     // A study without a reference basin takes the first one that is typed.

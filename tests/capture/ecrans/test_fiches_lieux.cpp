@@ -12,7 +12,9 @@
 #include "database/Schema.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QMap>
+#include <QSet>
 #include <QTableView>
 
 namespace
@@ -89,6 +91,53 @@ template <typename Fiche> void refuserHostile(const DescriptionFiche &descriptio
                  qPrintable(essai.dernierMessage()));
     }
 }
+// Whether a sheet can be used by keys alone and on a small screen.
+template <typename Fiche> void tenirDebout()
+{
+    FicheDEssai<Fiche> essai;
+    QVERIFY(essai.ouvrir());
+    QMap<QString, QString> lettres;
+    const auto prendre = [&](const QString &texte, const QWidget *widget) {
+        const QString lettre = QKeySequence::mnemonic(texte).toString();
+        if (lettre.isEmpty())
+            return;
+        QVERIFY2(!lettres.contains(lettre), qPrintable(widget->objectName() + u' ' + lettres.value(lettre)));
+        lettres.insert(lettre, widget->objectName());
+    };
+    QSet<const QWidget *> nommes;
+    const auto boutons = essai.fiche->template findChildren<QAbstractButton *>();
+    for (const QAbstractButton *bouton : boutons)
+        prendre(bouton->text(), bouton);
+    const auto etiquettes = essai.fiche->template findChildren<QLabel *>();
+    for (const QLabel *etiquette : etiquettes) {
+        if (etiquette->buddy())
+            nommes << etiquette->buddy();
+        prendre(etiquette->text(), etiquette);
+    }
+    // Every field has its label, and Tab goes through all of them, from the key to Fermer.
+    QStringList parcours;
+    QWidget *courant =
+        essai.controle(essai.fiche->template findChild<QWidget *>(s("cmb_code")) ? "cmb_code" : "cmb_nom");
+    const QWidget *premier = courant;
+    do {
+        if ((courant->focusPolicy() & Qt::TabFocus) && courant->isVisible() &&
+            !courant->objectName().isEmpty() && !courant->objectName().startsWith(s("qt_")))
+            parcours << courant->objectName();
+        courant = courant->nextInFocusChain();
+    } while (courant != premier);
+    const QString attendus = parcours.join(u' ');
+    QVERIFY2(attendus.endsWith(s("cmd_valider cmd_suppr cmd_annul cmd_fermer")), qPrintable(attendus));
+    for (const QString &nom : std::as_const(parcours)) {
+        const QWidget *champ = essai.controle(nom.toUtf8().constData());
+        if (!qobject_cast<const QAbstractButton *>(champ))
+            QVERIFY2(nommes.contains(champ), qPrintable(nom));
+    }
+    // Room for the main window's title, menu and status bar on 1366 x 768.
+    QVERIFY2(essai.fiche->sizeHint().width() <= 1340 && essai.fiche->sizeHint().height() <= 640,
+             qPrintable(QStringLiteral("%1 x %2")
+                            .arg(essai.fiche->sizeHint().width())
+                            .arg(essai.fiche->sizeHint().height())));
+}
 } // namespace
 
 class TestFichesLieux : public QObject
@@ -110,6 +159,14 @@ private Q_SLOTS:
     void refusQualite() { refuserHostile<F_Saisie_Station_Mesure>(Fiches::stationQualite()); }
     void refusHydro() { refuserHostile<F_Saisie_Station_Hydro>(Fiches::stationHydro()); }
     void refusPluvio() { refuserHostile<F_Saisie_Station_Pluvio>(Fiches::stationPluvio()); }
+
+    void debout_commune() { tenirDebout<F_Saisie_Commune>(); }
+    void debout_departement() { tenirDebout<F_Saisie_Departement>(); }
+    void debout_bassin() { tenirDebout<F_Saisie_BV>(); }
+    void debout_sousBassin() { tenirDebout<F_Saisie_SS_BV>(); }
+    void debout_qualite() { tenirDebout<F_Saisie_Station_Mesure>(); }
+    void debout_hydro() { tenirDebout<F_Saisie_Station_Hydro>(); }
+    void debout_pluvio() { tenirDebout<F_Saisie_Station_Pluvio>(); }
 
     void stationRelue()
     {
