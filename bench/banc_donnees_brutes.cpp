@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QProcess>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -67,6 +68,16 @@ void creerBase(const QString &fichier, int resultats)
         throw Erreur(0, QStringLiteral("creer_bases: ") + creation.errorString());
 }
 
+// Resident memory of this process; 0 where the system does not tell.
+double memoireMo()
+{
+    QFile etat(QStringLiteral("/proc/self/statm"));
+    if (!etat.open(QIODevice::ReadOnly))
+        return 0;
+    constexpr double PAGES_PAR_MO = 256;
+    return etat.readAll().split(' ').value(1).toDouble() / PAGES_PAR_MO;
+}
+
 class Banc
 {
 public:
@@ -83,6 +94,7 @@ public:
         mesurerFiltres();
         mesurerTris();
         mesurerDefilement();
+        mesurerCopie();
     }
 
 private:
@@ -191,6 +203,32 @@ private:
         }
         pire = *std::max_element(durees.begin(), durees.end());
         return mediane(durees);
+    }
+
+    // What a million rows take in memory, selecting them all, and the longest copy that is allowed.
+    void mesurerCopie()
+    {
+        const double avant = memoireMo();
+        std::shared_ptr<JeuDonneesBrutes> jeu;
+        lire(m_grande, {}, jeu);
+        std::printf("mémoire  1 000 000 de lignes : %.0f Mo\n", memoireMo() - avant);
+        ModeleDonneesBrutes modele(m_grande);
+        GrilleDonneesBrutes grille;
+        grille.setModel(&modele);
+        grille.resize(1280, 560);
+        modele.montrer(jeu);
+        grille.show();
+        QCoreApplication::processEvents();
+        QList<PlageBrute> plages;
+        const double selection = chronometrer([&] {
+            grille.selectAll();
+            QCoreApplication::processEvents();
+            plages = grille.selection();
+        });
+        LignesDonneesBrutes lignes(m_grande, jeu);
+        plages[0].derniereLigne = static_cast<int>(CopieDonneesBrutes::LIGNES_AU_PLUS) - 1;
+        const double copie = chronometrer([&] { CopieDonneesBrutes::texte(lignes, plages); });
+        std::printf("copie    tout sélectionner %.1f ms   copier 100 000 lignes %.0f ms\n", selection, copie);
     }
 
     void mesurerDefilement()

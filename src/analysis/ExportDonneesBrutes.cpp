@@ -3,9 +3,11 @@
 #include "platform/Chemins.h"
 #include "platform/Dialogue.h"
 #include "workbook/CoursRapport.h"
+#include "workbook/SauvegardeLongue.h"
 #include "workbook/Tableur.h"
 
 #include <algorithm>
+#include <array>
 #include <QScopeGuard>
 
 namespace
@@ -61,29 +63,46 @@ void preparerFeuille(Feuille &feuille, const ExportDonneesBrutes::Feuillet &feui
     }
 }
 
+// First and last columns of each run whose cells have one format.
+constexpr std::array<std::pair<ColonneBrute, ColonneBrute>, 4> COLONNES_D_UN_FORMAT{
+    {{ColonneBrute::CodeStation, ColonneBrute::Station},
+     {ColonneBrute::Date, ColonneBrute::Date},
+     {ColonneBrute::Heure, ColonneBrute::Heure},
+     {ColonneBrute::CodeParametre, ColonneBrute::Reseaux}}};
+
+void ecrireBloc(const Feuille &feuille, int premiereLigne, const QList<LigneBrute> &lignes,
+                ColonneBrute gauche, ColonneBrute droite)
+{
+    const int premiere = static_cast<int>(gauche);
+    const int derniere = static_cast<int>(droite);
+    Valeurs valeurs;
+    valeurs.reserve(lignes.size());
+    for (const LigneBrute &ligne : lignes) {
+        QVector<QVariant> cellules;
+        cellules.reserve(derniere - premiere + 1);
+        for (int colonne = premiere; colonne <= derniere; ++colonne)
+            cellules << ligne.valeur(static_cast<ColonneBrute>(colonne));
+        valeurs << cellules;
+    }
+    feuille
+        .plage(premiereLigne, premiere + 1, premiereLigne + static_cast<int>(lignes.size()) - 1, derniere + 1)
+        .ecrire(valeurs);
+}
+
 // False once the user has given up.
 bool ecrireFeuille(Feuille &feuille, const ExportDonneesBrutes::Feuillet &feuillet,
                    LignesDonneesBrutes &lignes, Progression &avancement)
 {
-    constexpr qsizetype LIGNES_PAR_BLOC = 4000;
+    constexpr qsizetype LIGNES_PAR_BLOC = 1000; // some tens of milliseconds
     preparerFeuille(feuille, feuillet);
     for (qsizetype debut = 0; debut < feuillet.nombre; debut += LIGNES_PAR_BLOC) {
         if (avancement.annulee())
             return false;
         const qsizetype nombre = std::min(LIGNES_PAR_BLOC, feuillet.nombre - debut);
         const QList<LigneBrute> lues = lignes.lire(feuillet.premiere + debut, nombre);
-        Valeurs valeurs;
-        valeurs.reserve(lues.size());
-        for (const LigneBrute &ligne : lues) {
-            QVector<QVariant> cellules;
-            cellules.reserve(NOMBRE_COLONNES_BRUTES);
-            for (const ColonneBrute colonne : ColonnesBrutes::toutes())
-                cellules << ligne.valeur(colonne);
-            valeurs << cellules;
-        }
-        const int premiere = static_cast<int>(debut) + 2;
-        feuille.plage(premiere, 1, premiere + static_cast<int>(nombre) - 1, NOMBRE_COLONNES_BRUTES)
-            .ecrire(valeurs);
+        // Columns of one format at a time: where formats are mixed, each block would have to ask for them cell by cell.
+        for (const auto &[gauche, droite] : COLONNES_D_UN_FORMAT)
+            ecrireBloc(feuille, static_cast<int>(debut) + 2, lues, gauche, droite);
         avancement.valeur(static_cast<int>(feuillet.premiere + debut + nombre));
     }
     return true;
@@ -98,6 +117,37 @@ bool ecrireClasseur(Classeur &classeur, LignesDonneesBrutes &lignes,
             feuille.renommer(feuillets[i].nom);
         if (!ecrireFeuille(feuille, feuillets[i], lignes, avancement))
             return false;
+    }
+    return true;
+}
+// The workbook, written and saved under its name. False once the user has given up; nothing is then there.
+bool produire(const ExportDonneesBrutes::Services &services, const DataEnvironment1 &donnees,
+              const std::shared_ptr<const JeuDonneesBrutes> &jeu, const QString &chemin,
+              Progression &avancement)
+{
+    LignesDonneesBrutes lignes(donnees, jeu);
+    const std::unique_ptr<Classeur> classeur = services.tableur.ajouter();
+    const qsizetype parFeuille = ExportDonneesBrutes::lignesParFeuille(chemin);
+    if (!ecrireClasseur(*classeur, lignes, ExportDonneesBrutes::repartir(jeu->nombre(), parFeuille),
+                        avancement))
+        return false;
+    avancement.libelle(QStringLiteral("Enregistrement du classeur"));
+    avancement.maximum(0);
+    const auto ceder = [&] {
+        // Nothing else ends a save that has begun.
+        if (avancement.annulee())
+            services.tableur.tuer();
+        services.dialogue.ceder();
+    };
+    constexpr qsizetype LIGNES_PAR_MS = 1; // at the least, on a slow machine
+    const auto delaiMs = static_cast<int>(DelaisTableur().fichier + jeu->nombre() / LIGNES_PAR_MS);
+    try {
+        SauvegardeLongue::enregistrerSous(*classeur, chemin, {delaiMs, ceder});
+        classeur->fermer();
+    } catch (const ErreurTableur &) {
+        if (!avancement.annulee())
+            throw;
+        return false;
     }
     return true;
 }
@@ -178,19 +228,12 @@ bool ExportDonneesBrutes::exporter(const Services &services, const DataEnvironme
         services.etat.definir(false);
     });
 
-    LignesDonneesBrutes lignes(donnees, jeu);
-    const std::unique_ptr<Classeur> classeur = services.tableur.ajouter();
-    if (!ecrireClasseur(*classeur, lignes, repartir(jeu->nombre(), lignesParFeuille(chemin)), avancement)) {
-        classeur->fermer();
+    if (!produire(services, donnees, jeu, chemin, avancement)) {
         services.dialogue.message(
             QStringLiteral("L'export est abandonné : aucun fichier n'a été créé ni remplacé."),
             QStringLiteral("Export des données brutes"), Icone::Information);
         return false;
     }
-    avancement.permettreAnnulation(false);
-    avancement.libelle(QStringLiteral("Enregistrement du classeur"));
-    classeur->enregistrerSous(chemin);
-    classeur->fermer();
     avancement.cacher();
     services.dialogue.message(jeu->nombre() == 1
                                   ? QStringLiteral("L'export est terminé : 1 résultat écrit.")

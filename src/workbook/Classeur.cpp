@@ -16,7 +16,6 @@
 #include <com/sun/star/util/XNumberFormats.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
 #include <com/sun/star/util/XNumberFormatTypes.hpp>
-#include <QFileInfo>
 
 using css::uno::Reference;
 using css::uno::UNO_QUERY_THROW;
@@ -24,17 +23,6 @@ using css::uno::UNO_QUERY_THROW;
 namespace
 {
 enum Numero { FeuilleAbsente = 30, SansNom, DejaFerme, NomRefuse };
-
-const char *filtrePour(const QString &chemin)
-{
-    const QString extension = QFileInfo(chemin).suffix().toLower();
-    if (extension == QLatin1String("xlsx"))
-        return "Calc MS Excel 2007 XML";
-    if (extension == QLatin1String("ods"))
-        return "calc8";
-    return FILTRE_XLS;
-}
-
 } // namespace
 
 Classeur::Donnees::Donnees(std::shared_ptr<InstanceCalc> instanceCalc,

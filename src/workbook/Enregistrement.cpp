@@ -4,6 +4,7 @@
 
 #include <com/sun/star/frame/XStorable.hpp>
 #include <filesystem>
+#include <future>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -96,6 +97,17 @@ QString copier(const QString &source, const QString &chemin)
     return motifEchec(QFileInfo(chemin).absolutePath(), raison);
 }
 
+// Runs the call on a thread of its own, which may do so as the connection belongs to none, and gives way meanwhile. What
+// it throws comes out here.
+void ecrireAPart(const std::function<void()> &ecrire, const std::function<void()> &ceder)
+{
+    constexpr std::chrono::milliseconds PAUSE(30);
+    std::future<void> fin = std::async(std::launch::async, ecrire);
+    while (fin.wait_for(PAUSE) != std::future_status::ready)
+        ceder();
+    fin.get();
+}
+
 // An Erreur unless there is no reason.
 void refuser(const QString &chemin, const QString &raison)
 {
@@ -105,7 +117,18 @@ void refuser(const QString &chemin, const QString &raison)
 }
 } // namespace
 
-void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre)
+const char *filtrePour(const QString &cheminHote)
+{
+    const QString extension = QFileInfo(cheminHote).suffix().toLower();
+    if (extension == QLatin1String("xlsx"))
+        return "Calc MS Excel 2007 XML";
+    if (extension == QLatin1String("ods"))
+        return "calc8";
+    return FILTRE_XLS;
+}
+
+void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre,
+                    const SauvegardeLongue::Patience *patience)
 {
     donnees.ouvert();
     refuser(cheminHote, obstacle(cheminHote));
@@ -113,13 +136,17 @@ void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const
     const QString dossier = donnees.instance->dossierTemporaire();
     const QString provisoire = dossier + QStringLiteral("/classeur");
     try {
-        donnees.instance->appeler(donnees.instance->delais().fichier, [&] {
+        const auto ecrire = [&] {
             Reference<css::frame::XStorable>(donnees.document, UNO_QUERY_THROW)
                 ->storeToURL(
                     versUno(InstallationCalc::urlDossier(provisoire)),
                     description({propriete("FilterName", Any(rtl::OUString::createFromAscii(filtre))),
                                  propriete("Overwrite", Any(true))}));
-        });
+        };
+        if (patience)
+            donnees.instance->appeler(patience->delaiMs, [&] { ecrireAPart(ecrire, patience->ceder); });
+        else
+            donnees.instance->appeler(donnees.instance->delais().fichier, ecrire);
     } catch (const ErreurTableur &) {
         throw;
     } catch (const Erreur &e) {

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void classeur();
     void plusieursFeuilles();
     void annule();
+    void annulePendantLaSauvegarde();
     void refus();
     void echec();
 
@@ -188,6 +189,36 @@ void TestExportDonneesBrutes::annule()
              QStringLiteral("L'export est abandonné : aucun fichier n'a été créé ni remplacé."));
     QCOMPARE(QFile(chemin).size(), 6);
     QVERIFY(m_dialogue.documents.isEmpty());
+}
+
+// Given up while the application saves: it is ended, nothing is there, and the next export has another one.
+void TestExportDonneesBrutes::annulePendantLaSauvegarde()
+{
+    init();
+    const EtudeBrute e;
+    e.sql(QStringLiteral(
+              "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 20000) "
+              "INSERT INTO MESURE_PHYSICO (NumPrel, CodeParam, ResultatAnaPC) SELECT ?, '1340', i FROM n"),
+          {e.p1});
+    const QString chemin = e.dossier.filePath(QStringLiteral("abandon.xlsx"));
+    m_dialogue.fichiers.enqueue(chemin);
+    ProgressionDEssai &barre = m_dialogue.progression(FenetreProgression::Principale);
+    m_dialogue.aLaCession = [&barre] {
+        barre.annulationDemandee = barre.texte == QLatin1String("Enregistrement du classeur");
+    };
+    QVERIFY(!exporter(e, e.lire()));
+    m_dialogue.aLaCession = {};
+    QVERIFY(barre.annulationDemandee);
+    barre.annulationDemandee = false;
+    QVERIFY(!QFile::exists(chemin));
+    QCOMPARE(m_dialogue.messages.size(), 1);
+    QCOMPARE(m_dialogue.messages[0].texte,
+             QStringLiteral("L'export est abandonné : aucun fichier n'a été créé ni remplacé."));
+    QVERIFY(!m_etat.enCours());
+
+    m_dialogue.fichiers.enqueue(chemin);
+    QVERIFY(exporter(e, e.lire()));
+    QVERIFY(QFile::exists(chemin));
 }
 
 void TestExportDonneesBrutes::refus()

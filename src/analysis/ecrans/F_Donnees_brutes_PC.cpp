@@ -247,8 +247,11 @@ void F_Donnees_brutes_PC::montrer(const std::shared_ptr<JeuDonneesBrutes> &jeu, 
         ordre = OrdreDonneesBrutes::ordonner(OrdreDonneesBrutes::cles(*jeu, static_cast<ColonneBrute>(m_tri)),
                                              m_sens == Qt::DescendingOrder);
     m_modele->montrer(jeu, std::move(ordre));
-    if (nouveau)
+    if (nouveau) {
         m_marque = m_marqueLecture;
+        if (jeu->demande == DemandeDonneesBrutes())
+            proposerDates(*jeu);
+    }
 
     const int ligne = cle == 0 ? 0 : std::max(m_modele->ligneDe(cle), 0);
     // Not QTableView's own, which heeds the modifier keys held down.
@@ -260,6 +263,20 @@ void F_Donnees_brutes_PC::montrer(const std::shared_ptr<JeuDonneesBrutes> &jeu, 
         grille->scrollTo(m_modele->index(ligne, colonne), QAbstractItemView::PositionAtCenter);
     grille->horizontalScrollBar()->setValue(decalage);
     surveillerBase();
+}
+
+// The calendars open where the study has data.
+void F_Donnees_brutes_PC::proposerDates(const JeuDonneesBrutes &jeu)
+{
+    int premier = 0;
+    int dernier = 0;
+    for (const JeuDonneesBrutes::Prelevement &p : jeu.prelevements) {
+        if (p.jour != 0 && (premier == 0 || p.jour < premier))
+            premier = p.jour;
+        dernier = std::max(dernier, p.jour);
+    }
+    m_ui->txt_date_debut->proposer(JourBrut::date(premier));
+    m_ui->txt_date_fin->proposer(JourBrut::date(dernier));
 }
 
 void F_Donnees_brutes_PC::copier()

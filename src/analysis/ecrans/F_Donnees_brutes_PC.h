@@ -51,6 +51,8 @@ private:
     void arreter();
     void montrer(const std::shared_ptr<JeuDonneesBrutes> &jeu, bool nouveau);
 
+    void proposerDates(const JeuDonneesBrutes &jeu);
+
     void copier();
     void exporter();
     void surveillerBase();
