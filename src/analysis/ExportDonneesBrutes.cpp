@@ -127,6 +127,7 @@ bool produire(const ExportDonneesBrutes::Services &services, const DataEnvironme
 {
     LignesDonneesBrutes lignes(donnees, jeu);
     const std::unique_ptr<Classeur> classeur = services.tableur.ajouter();
+    classeur->figerHauteurs(); // every row has one line
     const qsizetype parFeuille = ExportDonneesBrutes::lignesParFeuille(chemin);
     if (!ecrireClasseur(*classeur, lignes, ExportDonneesBrutes::repartir(jeu->nombre(), parFeuille),
                         avancement))
