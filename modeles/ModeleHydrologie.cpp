@@ -32,7 +32,7 @@ void dessiner(Classeur &classeur, const ModeleGraphique::Description &descriptio
     // A day without a measure is a gap in the line.
     graphique.relierLesTrous(false);
     AxeGraphique dates = graphique.axe(TypeAxe::Categorie);
-    dates.formatNombre({});
+    dates.formatNombre(FORMAT_JOURS.toString());
     dates.entreCategories(true);
     // Codes of stations keep their leading zeros.
     for (const int colonne : {COLONNE_DATE, COLONNE_PLUIE})

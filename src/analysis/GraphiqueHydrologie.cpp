@@ -174,7 +174,7 @@ private:
     void dates()
     {
         AxeGraphique axe = m_graphique.axe(TypeAxe::Categorie);
-        axe.formatNombre({}); // as the cells: a second reader of the file ignores a format of the axis alone
+        axe.formatNombre((parMois() ? FORMAT_MOIS : FORMAT_JOURS).toString());
         axe.orientation(90);
         // One step more at both ends, so that the first and last columns are whole and no label stands on an axis.
         const QDate premier = m_contenu.lignes.first().date;

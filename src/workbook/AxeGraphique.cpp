@@ -200,6 +200,8 @@ void AxeGraphique::entreCategories(bool oui)
         echelle.ShiftedCategoryPosition = oui;
         m_donnees->placer(echelle);
     });
+    if (m_donnees->type == TypeAxe::Categorie)
+        m_donnees->graphique->retouches->entreCategories = oui;
 }
 
 void AxeGraphique::formatNombre(const QString &format)

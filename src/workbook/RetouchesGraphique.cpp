@@ -23,6 +23,7 @@ enum Enregistrement : quint16 {
     MARQUEUR = 0x1009,
     AXE = 0x101D,
     GRADUATIONS = 0x101E,
+    CATEGORIES = 0x1020,
     OUVRANT = 0x1033,
     FERMANT = 0x1034,
     FORMAT_AXE = 0x104E,
@@ -147,6 +148,9 @@ private:
             fin = suivant(fin);
             if (genre(place) == SERIE && !retouche.series.isEmpty() && !retoucherSerie(fin, retouche))
                 return false;
+            constexpr int DRAPEAUX = 6; // among them, the lowest: between categories
+            if (genre(place) == CATEGORIES && retouche.entreCategories && taille(place) >= DRAPEAUX + 2)
+                ecrire16(place + EN_TETE + DRAPEAUX, nombre<quint16>(place + EN_TETE + DRAPEAUX) | 1);
         }
         if (!entier(fin))
             return false;
@@ -296,9 +300,9 @@ private:
 
 bool RetouchesGraphique::vide() const
 {
-    return formatCategories.isEmpty() && std::all_of(series.begin(), series.end(), [](const auto &serie) {
-               return !serie->serie && serie->points.isEmpty();
-           });
+    return formatCategories.isEmpty() && !entreCategories &&
+           std::all_of(series.begin(), series.end(),
+                       [](const auto &serie) { return !serie->serie && serie->points.isEmpty(); });
 }
 
 bool RetouchesClasseur::vide() const

@@ -1,9 +1,10 @@
 // What the application's filter of .xls cannot write of a chart, put into the finished file: markers without fill or with
-// colours of their own, the line through a marked point, the number format of the category axis. And which part of a sheet
-// is seen first.
+// colours of their own, the line through a marked point, the number format of the category axis, and its place (the filter
+// judges by the kind of the first series: lines begin on the axis, columns beside it, which parts the two on one chart). And
+// which part of a sheet is seen first.
 //
-// Records of the format are changed in place ([MS-XLS]: MarkerFormat, LineFormat, IFmtRecord, Window1, Window2), so that no other part of
-// the file moves.
+// Records of the format are changed in place ([MS-XLS]: MarkerFormat, LineFormat, IFmtRecord, CatSerRange, Window1, Window2), so
+// that no other part of the file moves.
 #pragma once
 
 #include <memory>
@@ -40,6 +41,7 @@ struct RetouchesGraphique {
     QVector<std::shared_ptr<RetouchesSerie>> series;
     QString
         formatCategories; // English form; it must be in the workbook's table of formats, or it is left out
+    bool entreCategories = false; // the axes of both groups begin half a place before the first category
 
     bool vide() const;
 };

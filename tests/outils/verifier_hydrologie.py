@@ -132,7 +132,11 @@ def check_chart(report, chart, rows, alone, flows, rain, monthly):
     left = axes[2, 1]
     report.same("left axis", (left["titre"], left["minimum"], left["inverse"]),
                 (flow_title if flows and not alone else rain_title, 0, False))
-    report.same("dates", axes[1, 1]["temporel"], True)
+    for (kind, group), axis in axes.items():
+        if kind == 1:
+            report.same(f"dates of group {group}", (axis["temporel"], axis["entre_categories"]), (True, True))
+    report.same("format of the dates", axes[1, 1]["format"].replace("\\", "").lower(),
+                "mmm-yy" if monthly else "dd/mm/yyyy")
     report.same("gaps", chart["trous"], "laisses")
     labels = [bool(s["etiquettes"].get("serie")) for s in chart["series"]]
     report.same("labels", labels, [bool(flows) and monthly and not alone] + [False] * (len(labels) - 1))

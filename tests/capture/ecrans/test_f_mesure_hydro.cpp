@@ -3,16 +3,21 @@
 #include "CadreDEssai.h"
 #include "capture/ecrans/F_Mesure_Hydro.h"
 #include "capture/ecrans/F_Mesure_Pluvio.h"
+#include "ClasseurLu.h"
 #include "DialogueDEssai.h"
 #include "frame/Session.h"
+#include "platform/Chemins.h"
+#include "platform/Horloge.h"
 #include "widgets/GrilleSaisie.h"
 #include "widgets/ZoneCombo.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace
@@ -98,6 +103,9 @@ private Q_SLOTS:
     void fermetureParLeCadre();
     void echecDeLaBase();
     void pluie();
+    void classeurDesDebits();
+    void classeurDesPluies();
+    void classeurImpossible();
 };
 
 void TestFMesureHydro::clavier()
@@ -359,6 +367,117 @@ void TestFMesureHydro::pluie()
                            "CodeSandreGest FROM MESURE_PLUVIO"))
                  .toString(),
              s("2009-01-01 6.25 Orage 17"));
+}
+
+namespace
+{
+// The folder that stands for C:\, and the moment of the file's name.
+struct Racine {
+    QTemporaryDir dossier;
+    explicit Racine(bool avecExport = true)
+    {
+        Chemins::definirRacine(dossier.path());
+        if (avecExport)
+            QDir(dossier.path()).mkpath(s("Projet/Export"));
+        Horloge::regler(QDateTime(QDate(2026, 1, 31), QTime(10, 0)));
+    }
+    QString fichier(const char *nom) const { return dossier.filePath(s("Projet/Export/") + s(nom)); }
+};
+
+// "A1 value (format)" of the cells that hold something, in the order of the rows.
+QStringList cellules(const QString &chemin, const QStringList &adresses)
+{
+    const ClasseurLu lu(chemin);
+    QStringList lignes;
+    for (const QString &adresse : adresses) {
+        const QJsonObject cellule = lu.cellule(s("Mesures"), adresse);
+        lignes << adresse + u' ' + cellule[s("valeur")].toVariant().toString() + s(" (") +
+                      cellule[s("format")].toString() + u')';
+    }
+    return lignes;
+}
+} // namespace
+
+void TestFMesureHydro::classeurDesDebits()
+{
+    const Racine racine;
+    Essai<F_Mesure_Hydro> e([](const BaseDEssai &base) {
+        base.sql(s("UPDATE STATION_HYDRO SET IntituleStationHM = '=1+1'"));
+        base.ajouterDebitJour(s(HYDRO), QDate(2009, 3, 2), 12.5);
+        base.ajouterDebitJour(s(HYDRO), QDate(2009, 3, 1), 10);
+        base.sql(s("UPDATE MESURE_HYDRO SET HeureMesureHM = '08:30:00' WHERE DateMesureHM = '2009-03-02'"));
+        base.sql(s("INSERT INTO MESURE_HYDRO (CodeStationHM, DateMesureHM, DebitMoisMesureHM) "
+                   "VALUES ('J7010610', '2009-03-01', 845)"));
+    });
+    QVERIFY(e.pret());
+    e.dialogue.reponses << Reponse::Oui;
+    e.chercher("cmb_station_hydro", HYDRO);
+    const QString chemin = racine.fichier("Mesures_Hydro_31-01-26.xls");
+    e.bouton("cmd_visual")->click();
+    QVERIFY(e.dialogue.messages.isEmpty());
+    QCOMPARE(e.dialogue.documents, (QStringList{chemin}));
+    QCOMPARE(e.dialogue.progression(FenetreProgression::FProgress).titre,
+             s("Visualisation des mesures sous Excel"));
+    QVERIFY(!e.dialogue.progression(FenetreProgression::FProgress).visible);
+    QCOMPARE(
+        cellules(chemin, {s("A1"), s("A3"), s("B3"), s("C3"), s("D3"), s("A5"), s("B5"), s("C5"), s("A6"),
+                          s("C6"), s("A7"), s("B7"), s("C7")}),
+        (QStringList{s("A1 LISTE DES MESURES HYDROMETRIQUES JOURNALIERES (General)"),
+                     s("A3 Station hydrométrique: (General)"), s("B3 J7010610 (@)"), s("C3 Nom : (General)"),
+                     s("D3 =1+1 (@)"), s("A5 Date (General)"), s("B5 Heure (General)"),
+                     s("C5 Débit (l/s) (General)"), s("A6 2009-03-01T00:00:00 (dd/mm/yyyy)"),
+                     s("C6 10 (General)"), s("A7 2009-03-02T00:00:00 (dd/mm/yyyy)"), s("B7 08:30:00 (hh:mm)"),
+                     s("C7 12.5 (General)")}));
+
+    // The other grid, the same day: the file is replaced.
+    e.trouver<QRadioButton>("opt_debit_mensuel")->click();
+    e.bouton("cmd_visual")->click();
+    QCOMPARE(cellules(chemin, {s("A1"), s("A5"), s("B5"), s("A6"), s("B6")}),
+             (QStringList{s("A1 LISTE DES MESURES HYDROMETRIQUES MENSUELLES (General)"),
+                          s("A5 Date (General)"), s("B5 Débit (l/s) (General)"),
+                          s("A6 2009-03-01T00:00:00 (dd/mm/yyyy)"), s("B6 845 (General)")}));
+    QVERIFY(ClasseurLu(chemin).valeur(s("Mesures"), s("C6")).toVariant().isNull());
+}
+
+void TestFMesureHydro::classeurDesPluies()
+{
+    const Racine racine;
+    Essai<F_Mesure_Pluvio> e([](const BaseDEssai &base) {
+        base.sql(s("INSERT INTO MESURE_PLUVIO (CodeStationPM, DateMesurePM, JourMesurePM) "
+                   "VALUES ('35228001', '2009-01-15', 5.25)"));
+    });
+    QVERIFY(e.pret());
+    e.dialogue.reponses << Reponse::Oui;
+    e.chercher("cmb_station", PLUVIO);
+    e.bouton("cmd_visual")->click();
+    const QString chemin = racine.fichier("Mesures_Pluvio_31-01-26.xls");
+    QCOMPARE(cellules(chemin, {s("A1"), s("A3"), s("B3"), s("A5"), s("B5"), s("B6")}),
+             (QStringList{s("A1 LISTE DES MESURES PLUVIOMETRIQUES (General)"),
+                          s("A3 Station pluviométrique: (General)"), s("B3 35228001 (@)"),
+                          s("A5 Date (General)"), s("B5 Hauteur (mm) (General)"), s("B6 5.25 (General)")}));
+    const QJsonObject date = ClasseurLu(chemin).cellule(s("Mesures"), s("A6"));
+    QCOMPARE(date[s("valeur")].toString(), s("2009-01-15T00:00:00"));
+    QCOMPARE(date[s("format")].toString().remove(u'\\').toLower(), s("m/d/yy"));
+}
+
+void TestFMesureHydro::classeurImpossible()
+{
+    // There is no folder to write in: told, and the screen can be used again.
+    const Racine racine(false);
+    Essai<F_Mesure_Hydro> e(
+        [](const BaseDEssai &base) { base.ajouterDebitJour(s(HYDRO), QDate(2009, 3, 1), 10); });
+    QVERIFY(e.pret());
+    e.dialogue.reponses << Reponse::Oui;
+    e.chercher("cmb_station_hydro", HYDRO);
+    e.bouton("cmd_visual")->click();
+    QCOMPARE(e.dialogue.messages.size(), 1);
+    QVERIFY(
+        e.dialogue.messages[0].texte.startsWith(s("Une erreur s'est produite en cours de traitement : \n")));
+    QCOMPARE(e.dialogue.messages[0].titre, s("Erreur"));
+    QVERIFY(e.dialogue.documents.isEmpty());
+    QVERIFY(e.bouton("cmd_visual")->isEnabled());
+    QVERIFY(!e.dialogue.progression(FenetreProgression::FProgress).visible);
+    QVERIFY(!e.session.etatRapport.enCours());
 }
 
 QTEST_MAIN(TestFMesureHydro)
