@@ -20,6 +20,8 @@ namespace
 {
 constexpr int LIGNES_LISTE = 10;
 constexpr int LARGEUR_LISTE_MAX = 520; // pixels
+// Columns are made this much narrower than they ask for before the grid scrolls sideways.
+constexpr double RETRECISSEMENT = 0.8;
 
 bool estEntree(int touche)
 {
@@ -433,7 +435,7 @@ void GrilleListes::montrerListe(const QModelIndex &cellule, const QString &filtr
     QWidget *fond = liste->parentWidget();
     const QRect place = visualRect(cellule);
     const QPoint coin = viewport()->mapTo(fond, place.topLeft());
-    const int rangee = std::max(liste->sizeHintForRow(0), fontMetrics().height() + 4);
+    const int rangee = liste->count() > 0 ? liste->sizeHintForRow(0) : fontMetrics().height();
     const int lignes = std::clamp(liste->count(), 1, LIGNES_LISTE);
     int hauteur = lignes * rangee + 2 * liste->frameWidth();
     const int largeur =
@@ -571,12 +573,12 @@ void GrilleListes::repartirLargeurs()
     for (int c = 0; c < nombre; ++c)
         total += colonne(c).largeur * caractere;
     const int place = viewport()->width();
-    const double echelle = total > 0 && place > total ? static_cast<double>(place) / total : 1.0;
+    const double echelle = std::max(static_cast<double>(place) / std::max(total, 1), RETRECISSEMENT);
     int reste = place;
     for (int c = 0; c < nombre; ++c) {
         int largeur = static_cast<int>(colonne(c).largeur * caractere * echelle);
-        if (echelle > 1.0 && c == nombre - 1)
-            largeur = reste;
+        if (c == nombre - 1)
+            largeur = std::max(largeur, reste);
         setColumnWidth(c, largeur);
         reste -= largeur;
     }
