@@ -34,8 +34,8 @@ void F_Saisie_BV::preparerGrille()
     using Bouton = GrilleListes::Colonne::Bouton;
     grille->definirColonne(TableObjectifs::PARAMETRE, {34, m_parametres, Bouton::Liste});
     grille->definirColonne(TableObjectifs::FRACTION, {34, m_fractions, Bouton::Liste});
-    grille->definirColonne(TableObjectifs::MOYEN, {16});
-    grille->definirColonne(TableObjectifs::MAXIMAL, {16});
+    grille->definirColonne(TableObjectifs::MOYEN, {18});
+    grille->definirColonne(TableObjectifs::MAXIMAL, {18});
     grille->definirColonne(TableObjectifs::UNITE, {14});
     grille->brancher(&session().dialogue,
                      [this](const QModelIndex &cellule, const QString &texte) -> std::optional<RefusSaisie> {

@@ -65,7 +65,7 @@ void F_Saisie_Station_Mesure::montrerDependants(const FicheLue *fiche)
     const QString point = fiche ? M_Enreg_Tables::pointDeStation(session().donnees, fiche->cle) : QString();
     m_ui->txt_site->setText(point);
     // The point of a station that has one stays.
-    m_ui->txt_site->setReadOnly(!point.isEmpty());
+    m_ui->txt_site->setEnabled(point.isEmpty());
     m_ui->txt_site->setToolTip(
         point.isEmpty() ? QStringLiteral("Code du point d'une nouvelle station ; 031 si rien n'est saisi")
                         : QStringLiteral("Le point d'une station enregistrée ne change pas"));
