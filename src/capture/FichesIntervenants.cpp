@@ -43,11 +43,12 @@ DescriptionFiche base(const QString &objet, const QString &de, const QString &fi
     usage("StationMesureXGest", "CodeSandreGest", u"station de qualité", u"stations de qualité");
     usage("StationHydroXGest", "CodeSandreGest", u"station hydrométrique", u"stations hydrométriques");
     usage("StationPluvioXGest", "CodeSandreGest", u"station pluviométrique", u"stations pluviométriques");
-    d.champs = Champs{champ(u"txt_code", u"CodeSandreInterv", QStringLiteral("Le code ") + de,
-                            QStringLiteral("Le code %1 doit être renseigné.").arg(de)),
-                      champ(u"txt_nom", u"NomInterv", QStringLiteral("Le nom ") + de,
-                            QStringLiteral("Le nom %1 doit être renseigné.").arg(de)),
-                      champ(u"txt_libellesandre", u"LibelleSandreInterv", QStringLiteral("Le libellé ") + de)};
+    d.champs =
+        Champs{champ(u"txt_code", u"CodeSandreInterv", QStringLiteral("Le code ") + de,
+                     QStringLiteral("Le code %1 doit être renseigné.").arg(de)),
+               champ(u"txt_nom", u"NomInterv", QStringLiteral("Le nom ") + de,
+                     QStringLiteral("Le nom %1 doit être renseigné.").arg(de)),
+               champ(u"txt_libellesandre", u"LibelleSandreInterv", QStringLiteral("Le libellé ") + de)};
     return d;
 }
 
@@ -82,13 +83,13 @@ DescriptionFiche sansDepartement(const QString &objet, const QString &de, const 
 DescriptionFiche avecDepartement(const QString &objet, const QString &de, const QString &fin)
 {
     DescriptionFiche d = base(objet, de, fin);
-    d.champs +=
-        Champs{statut(de),
-               rue(de),
-               ville(de),
-               champ(u"txt_departpays", u"DépartPaysInterv", QStringLiteral("Le département ou le pays ") + de),
-               commentaire(de),
-               codePostal(de)};
+    d.champs += Champs{
+        statut(de),
+        rue(de),
+        ville(de),
+        champ(u"txt_departpays", u"DépartPaysInterv", QStringLiteral("Le département ou le pays ") + de),
+        commentaire(de),
+        codePostal(de)};
     return d;
 }
 
