@@ -13,7 +13,6 @@
 #include <cstdio>
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QProcess>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -66,16 +65,6 @@ void creerBase(const QString &fichier, int resultats)
     if (!creation.waitForFinished(-1) || creation.exitStatus() != QProcess::NormalExit ||
         creation.exitCode() != 0)
         throw Erreur(0, QStringLiteral("creer_bases: ") + creation.errorString());
-}
-
-// Resident memory of this process; 0 where the system does not tell.
-double memoireMo()
-{
-    QFile etat(QStringLiteral("/proc/self/statm"));
-    if (!etat.open(QIODevice::ReadOnly))
-        return 0;
-    constexpr double PAGES_PAR_MO = 256;
-    return etat.readAll().split(' ').value(1).toDouble() / PAGES_PAR_MO;
 }
 
 class Banc
@@ -205,13 +194,11 @@ private:
         return mediane(durees);
     }
 
-    // What a million rows take in memory, selecting them all, and the longest copy that is allowed.
+    // Selecting a million rows, and the longest copy that is allowed.
     void mesurerCopie()
     {
-        const double avant = memoireMo();
         std::shared_ptr<JeuDonneesBrutes> jeu;
         lire(m_grande, {}, jeu);
-        std::printf("mémoire  1 000 000 de lignes : %.0f Mo\n", memoireMo() - avant);
         ModeleDonneesBrutes modele(m_grande);
         GrilleDonneesBrutes grille;
         grille.setModel(&modele);
