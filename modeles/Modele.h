@@ -2,6 +2,7 @@
 #pragma once
 
 class Classeur;
+class Feuille;
 
 namespace Modele
 {
@@ -14,4 +15,6 @@ void concentrationsEtRapport(Classeur &classeur);
 // "Modele_concentr_hydro.xls" and "Modele_concentr_pluvio.xls": flows with or without rain, rain alone.
 void debits(Classeur &classeur);
 void pluies(Classeur &classeur);
+// The sheet "Rapport" of the former.
+void synthese(Feuille feuille);
 } // namespace Modele

@@ -1,6 +1,7 @@
 // The templates of the evolution charts: the series of every variant, on the columns of DispositionEvolution.h, in the
 // order of SerieEvolution.
 #include "analysis/DispositionEvolution.h"
+#include "analysis/DispositionSynthese.h"
 #include "analysis/GraphiqueEvolution.h"
 #include "Modele.h"
 #include "ModeleGraphique.h"
@@ -91,5 +92,5 @@ void Modele::concentrationsEtRapport(Classeur &classeur)
 {
     Modele::rapport(classeur);
     mesures(classeur.ajouterFeuille(FEUILLE.toString()));
-    classeur.ajouterFeuille(QStringLiteral("Rapport"));
+    synthese(classeur.ajouterFeuille(DispositionSynthese::FEUILLE.toString()));
 }

@@ -4,6 +4,9 @@
 #include "analysis/TexteEvolution.h"
 #include "platform/Arrondi.h"
 #include "workbook/Feuille.h"
+#include "workbook/Recopie.h"
+
+#include <functional>
 
 using namespace DispositionEvolution;
 
@@ -33,7 +36,7 @@ QVariant codeRemarque(const QString &code)
     return numero ? QVariant(*numero) : texteOuVide(code);
 }
 
-// What stands on every row: the levels and the bands.
+// What stands on every row: the levels and the bands. Invalid where a column has none.
 QVector<QVariant> niveaux(const DemandeEvolution &demande, const Evolution &evolution)
 {
     QVector<QVariant> rangee(DERNIERE_COLONNE);
@@ -129,30 +132,73 @@ void ecrireEnTete(Feuille &feuille, const DemandeEvolution &demande, const Evolu
         feuille.cellule(LIGNE_ENTETE, colonne).formatNombre(QStringLiteral("@"));
     feuille.plage(LIGNE_ENTETE, 1, LIGNE_ENTETE_SECONDE, ENTETE_RESEAUX).ecrire(valeurs);
 }
+// The columns from `premiere` on, of all rows.
+void ecrireColonnes(Feuille &feuille, const QList<LigneEvolution> &lignes, int premiere, int nombre,
+                    const std::function<void(QVector<QVariant> &, const LigneEvolution &)> &remplir)
+{
+    Valeurs valeurs;
+    valeurs.reserve(lignes.size());
+    for (const LigneEvolution &ligne : lignes) {
+        QVector<QVariant> rangee(nombre);
+        remplir(rangee, ligne);
+        valeurs.append(rangee);
+    }
+    feuille
+        .plage(PREMIERE_LIGNE, premiere, PREMIERE_LIGNE + static_cast<int>(lignes.size()) - 1,
+               premiere + nombre - 1)
+        .ecrire(valeurs);
+}
+
+// Dates and curves, flows and rain, remark codes: only the columns that hold something.
+void ecrireMesures(Feuille &feuille, const Evolution &evolution)
+{
+    const int courbes = static_cast<int>(evolution.enTete.courbes.size());
+    const QList<LigneEvolution> &lignes = evolution.lignes;
+    ecrireColonnes(feuille, lignes, COLONNE_DATE, 1 + courbes, [courbes](auto &rangee, const auto &ligne) {
+        rangee[0] = ligne.date;
+        for (int courbe = 0; courbe < courbes; ++courbe)
+            rangee[1 + courbe] = celluleOuVide(ligne.valeurs[static_cast<size_t>(courbe)]);
+    });
+    ecrireColonnes(feuille, lignes, COLONNE_CODE, courbes, [courbes](auto &rangee, const auto &ligne) {
+        for (int courbe = 0; courbe < courbes; ++courbe)
+            rangee[courbe] = codeRemarque(ligne.codes[static_cast<size_t>(courbe)]);
+    });
+    if (evolution.avecDebit)
+        ecrireColonnes(feuille, lignes, COLONNE_DEBIT, 1,
+                       [](auto &rangee, const auto &ligne) { rangee[0] = celluleOuVide(ligne.debit); });
+    if (evolution.avecPluie)
+        ecrireColonnes(feuille, lignes, COLONNE_PLUIE, 1,
+                       [](auto &rangee, const auto &ligne) { rangee[0] = celluleOuVide(ligne.pluie); });
+}
+
+// A level is the same on every row: it is written once, and copied down by the application.
+void ecrireNiveaux(Feuille &feuille, const QVector<QVariant> &niveaux, int derniere)
+{
+    for (int colonne = 1; colonne <= DERNIERE_COLONNE;) {
+        int suivante = colonne;
+        while (suivante <= DERNIERE_COLONNE && niveaux[suivante - 1].isValid())
+            ++suivante;
+        if (suivante > colonne) {
+            feuille.plage(PREMIERE_LIGNE, colonne, PREMIERE_LIGNE, suivante - 1)
+                .ecrire(Valeurs{niveaux.mid(colonne - 1, suivante - colonne)});
+            recopierVersLeBas(feuille.plage(PREMIERE_LIGNE, colonne, derniere, suivante - 1));
+        }
+        colonne = suivante + 1;
+    }
+}
 } // namespace
 
 void ecrireEvolution(Feuille &feuille, const DemandeEvolution &demande, const Evolution &evolution)
 {
     ecrireEnTete(feuille, demande, evolution);
     const QVector<QVariant> constantes = niveaux(demande, evolution);
-    Valeurs valeurs{intitules(demande, evolution, constantes)};
-    valeurs.reserve(1 + evolution.lignes.size());
-    for (const LigneEvolution &ligne : evolution.lignes) {
-        QVector<QVariant> rangee = constantes;
-        rangee[COLONNE_DATE - 1] = ligne.date;
-        for (size_t courbe = 0; courbe < ligne.valeurs.size(); ++courbe) {
-            const auto decalage = static_cast<int>(courbe) - 1;
-            rangee[COLONNE_COURBE + decalage] = celluleOuVide(ligne.valeurs[courbe]);
-            rangee[COLONNE_CODE + decalage] = codeRemarque(ligne.codes[courbe]);
-        }
-        rangee[COLONNE_DEBIT - 1] = celluleOuVide(ligne.debit);
-        rangee[COLONNE_PLUIE - 1] = celluleOuVide(ligne.pluie);
-        valeurs.append(rangee);
-    }
+    feuille.plage(LIGNE_INTITULES, COLONNE_DATE, LIGNE_INTITULES, DERNIERE_COLONNE)
+        .ecrire(Valeurs{intitules(demande, evolution, constantes)});
     const int derniere = PREMIERE_LIGNE + static_cast<int>(evolution.lignes.size()) - 1;
     feuille.plage(PREMIERE_LIGNE, COLONNE_DATE, derniere, COLONNE_DATE)
         .formatNombre(QStringLiteral("dd/mm/yyyy"));
     feuille.plage(PREMIERE_LIGNE, COLONNE_COURBE, derniere, COLONNE_COURBE + 1)
         .formatNombre(QStringLiteral("General"));
-    feuille.plage(LIGNE_INTITULES, COLONNE_DATE, derniere, DERNIERE_COLONNE).ecrire(valeurs);
+    ecrireMesures(feuille, evolution);
+    ecrireNiveaux(feuille, constantes, derniere);
 }

@@ -5,5 +5,5 @@
 
 class Feuille;
 
-// Heading, names of the series and one rectangle for all rows. What the run does not use stays empty.
+// Heading, names of the series, a rectangle for each group of columns that is used. What the run does not use stays empty.
 void ecrireEvolution(Feuille &feuille, const DemandeEvolution &demande, const Evolution &evolution);

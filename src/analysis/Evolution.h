@@ -23,6 +23,7 @@ struct Evolution {
     std::optional<BandesSEQ> bandes;
     QStringList sources; // names of the producers of what is shown
 
+    int mesures() const { return effectifs[0] + effectifs[1]; }
     bool seule() const { return enTete.courbes.size() == 1; }
     // A threshold is drawn when it has both a name and a value.
     static bool avecSeuil(const DemandeEvolution &demande)

@@ -1,7 +1,9 @@
 #include "analysis/EvolutionPC.h"
 
 #include "analysis/DispositionEvolution.h"
+#include "analysis/DispositionSynthese.h"
 #include "analysis/EcritureEvolution.h"
+#include "analysis/EcritureSynthese.h"
 #include "analysis/LectureEvolution.h"
 #include "analysis/M_Concentration_OVRA.h"
 #include "analysis/TexteEvolution.h"
@@ -9,6 +11,8 @@
 #include "workbook/CoursRapport.h"
 
 #include <QScopeGuard>
+
+using M_Concentration_OVRA::RappelFraction;
 
 namespace
 {
@@ -60,7 +64,7 @@ Evolution composer(const DemandeEvolution &demande, const DataEnvironment1 &donn
             if (!producteurs.contains(producteur))
                 producteurs << producteur;
     }
-    if (evolution.effectifs[0] + evolution.effectifs[1] == 0)
+    if (evolution.mesures() == 0)
         return evolution;
     evolution.sources = lireNomsGestionnaires(donnees, producteurs);
 
@@ -90,6 +94,35 @@ Evolution composer(const DemandeEvolution &demande, const DataEnvironment1 &donn
     return evolution;
 }
 
+// Reads, fills the sheet and wires the chart; nothing where there is no measure.
+std::optional<Evolution> tracer(const DemandeEvolution &demande, const DataEnvironment1 &donnees,
+                                Dialogue &dialogue, Classeur &classeur, RappelFraction rappel)
+{
+    Progression &avancement = dialogue.progression(FenetreProgression::Principale);
+    avancement.montrer({}, QStringLiteral("Création du graphique sous Excel"));
+    avancement.maximum(0);
+    const auto fin = qScopeGuard([&avancement] { avancement.cacher(); });
+
+    const EnTeteEvolution enTete = lireEnTeteEvolution(donnees, demande);
+    if (rappel == RappelFraction::Oui && carboneSansFraction(enTete))
+        avertir(
+            dialogue,
+            QStringLiteral("Vous n'avez pas sélectionné de fraction pour le paramètre Carbone Organique."),
+            QStringLiteral("Attention !"));
+    Evolution evolution = composer(demande, donnees, enTete, avancement);
+    if (evolution.mesures() == 0)
+        return std::nullopt;
+
+    Feuille feuille = classeur.feuille(DispositionEvolution::FEUILLE.toString());
+    ecrireEvolution(feuille, demande, evolution);
+    if (demande.echelleMaximale && evolution.maximum > *demande.echelleMaximale)
+        avertir(dialogue, TexteEvolution::echelleTropPetite(evolution.maximum),
+                QStringLiteral("Attention !"));
+    avancement.libelle(QStringLiteral("Création du graphique"));
+    cablerGraphiqueEvolution(feuille, decrireGraphique(demande, evolution));
+    return evolution;
+}
+
 // The report's request: that of the chart's only curve.
 DemandeRapport demandeRapport(const DemandeEvolution &demande)
 {
@@ -103,30 +136,8 @@ DemandeRapport demandeRapport(const DemandeEvolution &demande)
 int M_Concentration_OVRA::TracerEvolution(const DemandeEvolution &demande, const DataEnvironment1 &donnees,
                                           Dialogue &dialogue, Classeur &classeur, RappelFraction rappel)
 {
-    Progression &avancement = dialogue.progression(FenetreProgression::Principale);
-    avancement.montrer({}, QStringLiteral("Création du graphique sous Excel"));
-    avancement.maximum(0);
-    const auto fin = qScopeGuard([&avancement] { avancement.cacher(); });
-
-    const EnTeteEvolution enTete = lireEnTeteEvolution(donnees, demande);
-    if (rappel == RappelFraction::Oui && carboneSansFraction(enTete))
-        avertir(
-            dialogue,
-            QStringLiteral("Vous n'avez pas sélectionné de fraction pour le paramètre Carbone Organique."),
-            QStringLiteral("Attention !"));
-    const Evolution evolution = composer(demande, donnees, enTete, avancement);
-    const int mesures = evolution.effectifs[0] + evolution.effectifs[1];
-    if (mesures == 0)
-        return 0;
-
-    Feuille feuille = classeur.feuille(DispositionEvolution::FEUILLE.toString());
-    ecrireEvolution(feuille, demande, evolution);
-    if (demande.echelleMaximale && evolution.maximum > *demande.echelleMaximale)
-        avertir(dialogue, TexteEvolution::echelleTropPetite(evolution.maximum),
-                QStringLiteral("Attention !"));
-    avancement.libelle(QStringLiteral("Création du graphique"));
-    cablerGraphiqueEvolution(feuille, decrireGraphique(demande, evolution));
-    return mesures;
+    const std::optional<Evolution> evolution = tracer(demande, donnees, dialogue, classeur, rappel);
+    return evolution ? evolution->mesures() : 0;
 }
 
 CommandeRapport M_Concentration_OVRA::commandeGraphique(const DemandeEvolution &demande,
@@ -156,11 +167,16 @@ CommandeRapport M_Concentration_OVRA::commandeGraphiqueEtRapport(const DemandeEv
                     QStringLiteral("Attention"));
             return 0;
         }
-        const int mesures = TracerEvolution(demande, donnees, dialogue, classeur, RappelFraction::DejaFait);
+        const std::optional<Evolution> evolution =
+            tracer(demande, donnees, dialogue, classeur, RappelFraction::DejaFait);
         // The report reaches further back than the chart where its first year is widened.
-        if (mesures == 0)
+        if (!evolution) {
             avertir(dialogue, aucuneMesure(), QStringLiteral("Attention"));
-        return mesures;
+            return 0;
+        }
+        Feuille synthese = classeur.feuille(DispositionSynthese::FEUILLE.toString());
+        ecrireSynthese(synthese, demande, *evolution);
+        return evolution->mesures();
     };
     return commande;
 }
