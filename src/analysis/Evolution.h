@@ -18,6 +18,7 @@ struct Evolution {
     std::array<int, 2> effectifs{}; // values of each curve
     bool avecDebit = false;
     bool avecPluie = false;
+    double maximumSecondaire = 0;                 // of the flows or the rain
     double maximum = 0;                           // of the values on the first curve's axis
     std::optional<StatistiquesEvolution> figures; // of a single curve
     std::optional<BandesSEQ> bandes;

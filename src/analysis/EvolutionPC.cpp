@@ -79,6 +79,9 @@ Evolution composer(const DemandeEvolution &demande, const DataEnvironment1 &donn
     evolution.avecDebit = !series.debits.isEmpty();
     evolution.avecPluie = !series.pluies.isEmpty();
 
+    for (const ValeurDuJour &jour : series.debits + series.pluies)
+        evolution.maximumSecondaire = std::max(evolution.maximumSecondaire, jour.valeur);
+
     avancement.libelle(QStringLiteral("Gestion des codes remarques"));
     evolution.lignes = fusionnerParDate(series);
     evolution.maximum = maximumDe(series.courbes[0]);

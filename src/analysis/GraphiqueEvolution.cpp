@@ -121,8 +121,10 @@ private:
 
     void brancher(const Emploi &emploi)
     {
+        // Its name is in the template already: what stands on row 8.
         serie(emploi.serie).valeurs(colonne(emploi.colonne));
-        serie(emploi.serie).nommer(m_feuille.cellule(LIGNE_INTITULES, emploi.colonne));
+        if (m_description.bandesSansHauteur.contains(emploi.colonne))
+            serie(emploi.serie).dansLegende(false);
     }
 
     bool secondeADroite() const

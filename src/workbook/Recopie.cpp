@@ -2,19 +2,26 @@
 
 #include "workbook/DonneesClasseur.h"
 
-#include <com/sun/star/sheet/FillDateMode.hpp>
-#include <com/sun/star/sheet/FillDirection.hpp>
-#include <com/sun/star/sheet/FillMode.hpp>
-#include <com/sun/star/sheet/XCellSeries.hpp>
+#include <com/sun/star/sheet/XCellRangeMovement.hpp>
+#include <com/sun/star/table/CellAddress.hpp>
 
+// What is there already is copied after itself, so that its height doubles each time: a dozen messages for thousands of
+// rows. The application moves whole blocks, where its own filling goes cell by cell.
 void recopierVersLeBas(const Plage &plage)
 {
-    if (plage.lignes() < 2)
-        return;
     const Plage::Donnees &donnees = plage.donnees();
     donnees.appeler([&donnees] {
-        css::uno::Reference<css::sheet::XCellSeries>(donnees.plage, css::uno::UNO_QUERY_THROW)
-            ->fillSeries(css::sheet::FillDirection_TO_BOTTOM, css::sheet::FillMode_SIMPLE,
-                         css::sheet::FillDateMode_FILL_DATE_DAY, 0, 0);
+        const css::uno::Reference<css::sheet::XCellRangeMovement> feuille(donnees.feuille->objet(),
+                                                                          css::uno::UNO_QUERY_THROW);
+        css::table::CellRangeAddress faites = donnees.adresse;
+        faites.EndRow = faites.StartRow;
+        while (faites.EndRow < donnees.adresse.EndRow) {
+            css::table::CellRangeAddress source = faites;
+            const sal_Int32 reste = donnees.adresse.EndRow - faites.EndRow;
+            source.EndRow = std::min(faites.EndRow, faites.StartRow + reste - 1);
+            const css::table::CellAddress suite(source.Sheet, source.StartColumn, faites.EndRow + 1);
+            feuille->copyRange(suite, source);
+            faites.EndRow += source.EndRow - source.StartRow + 1;
+        }
     });
 }
