@@ -303,6 +303,9 @@ void EcranPrelevement::verrouiller(bool cherche)
          {static_cast<QWidget *>(m_ui->cmb_code), static_cast<QWidget *>(m_ui->ZC_CODE_USUEL),
           static_cast<QWidget *>(m_ui->cmb_Date), static_cast<QWidget *>(m_ui->cmb_heure)})
         permettre(champ, verrou);
+    for (QComboBox *combo :
+         {static_cast<QComboBox *>(m_ui->cmb_code), static_cast<QComboBox *>(m_ui->ZC_CODE_USUEL)})
+        combo->lineEdit()->setClearButtonEnabled(!cherche);
     permettre(m_ui->cmd_rech, verrou, QStringLiteral("Chercher ce prélèvement, ou en commencer un nouveau"));
     m_ui->frm_divers->setEnabled(cherche);
     m_ui->frm_divers->setToolTip(sansRecherche);
