@@ -83,6 +83,10 @@ public:
         renversee.inversee = true;
         droite.echelle(renversee);
         droite.titre(TexteHydrologie::titreAxePluie());
+        // The rain has an axis of dates of its own in the file, along the top: it stays bare.
+        AxeGraphique dessus = m_graphique.axe(TypeAxe::Categorie, 2);
+        dessus.placeGraduations(PlaceGraduations::Aucune);
+        dessus.graduations(Graduation::Aucune, Graduation::Aucune);
     }
 
     void pluieSeule()

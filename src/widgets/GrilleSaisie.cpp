@@ -3,6 +3,7 @@
 #include "database/TableTravail.h"
 #include "platform/Dialogue.h"
 #include "widgets/BlocCellules.h"
+#include "widgets/Ecran.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -171,11 +172,13 @@ void GrilleSaisie::direRefus()
     m_refus = {};
     // A button that closes or cancels: what was typed is given up.
     const QWidget *nouveau = QApplication::focusWidget();
-    if (!isVisible() || !isEnabled() || (nouveau && nouveau->property("sansVerification").toBool()))
+    if (!Ecran::de(this)->isVisible() || !isEnabled() ||
+        (nouveau && nouveau->property("sansVerification").toBool()))
         return;
     if (m_dialogue)
         m_dialogue->message(refuse.message, refuse.titre, Icone::Exclamation);
-    if (!refuse.cellule.isValid())
+    // Another grid may have taken this one's place meanwhile.
+    if (!refuse.cellule.isValid() || !isVisible())
         return;
     setFocus(Qt::OtherFocusReason);
     setCurrentIndex(refuse.cellule);

@@ -143,6 +143,7 @@ def check_chart(report, chart, rows, alone, flows, rain, monthly):
     if not (flows and rain and not alone):
         report.same("automatic maximum", left["maximum"], None)
         return
+    report.same("labels of the upper axis", axes[1, 2]["etiquettes"], 0)
     right = axes[2, 2]
     report.same("right axis", (right["titre"], right["minimum"], right["inverse"]), (rain_title, 0, True))
     # The lowest end of the rain stays above the highest flow, whatever their days.

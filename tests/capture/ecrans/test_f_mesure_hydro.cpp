@@ -183,6 +183,13 @@ void TestFMesureHydro::refusPendantValider()
     QVERIFY(e.dialogue.questions.isEmpty());
     QVERIFY(e.grille()->hasFocus());
     QCOMPARE(e.grille()->currentIndex(), e.grille()->model()->index(0, 0));
+    // Nor does it go unsaid when the other grid comes in its place.
+    e.dialogue.messages.clear();
+    e.taper(s("avant-hier"));
+    e.trouver<QRadioButton>("opt_debit_mensuel")->click();
+    QTRY_COMPARE(e.dialogue.messages.size(), 1);
+    e.trouver<QRadioButton>("opt_debit_jour")->click();
+    e.grille()->setFocus();
     // Cancelling with a wrong text in a cell says nothing.
     e.dialogue.messages.clear();
     e.taper(s("demain"));
