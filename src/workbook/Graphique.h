@@ -76,7 +76,6 @@ public:
 
     // In hundredths of a millimetre from the sheet's corner.
     CadreDessin cadre() const;
-    void supprimer();
 
 private:
     std::shared_ptr<Donnees> m_donnees;

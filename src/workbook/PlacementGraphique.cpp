@@ -80,24 +80,32 @@ struct FormeTrouvee {
     int rang = 0; // among the charts of the sheet
 };
 
-// The chart whose corner stands in this cell.
+// The chart whose corner stands in this cell; or else the nearest one, as the application leaves a chart in its place when
+// rows are inserted above it.
 FormeTrouvee formeDans(const Feuille::Donnees &feuille, const CadreDessin &cellule)
 {
-    // Files keep places in fractions of a cell, so that a corner comes back some hundredths beside.
-    constexpr int TOLERANCE = 50;
+    constexpr int LOIN = 5'000; // hundredths of a millimetre: not this chart any more
     const auto page = dessinsDe(feuille);
+    FormeTrouvee trouvee;
     int rang = 0;
+    int meilleur = LOIN;
     for (sal_Int32 i = 0; i < page->getCount(); ++i) {
         const Reference<css::drawing::XShape> forme(page->getByIndex(i), UNO_QUERY_THROW);
         if (!estObjet(forme) || !graphiquesDe(feuille)->hasByName(nomObjet(forme)))
             continue;
         const css::awt::Point coin = forme->getPosition();
-        if (coin.X >= cellule.x - TOLERANCE && coin.X < cellule.x + cellule.largeur + TOLERANCE &&
-            coin.Y >= cellule.y - TOLERANCE && coin.Y < cellule.y + cellule.hauteur + TOLERANCE)
-            return {forme, rang};
+        const auto ecart = [](int place, int debut, int largeur) {
+            return place < debut ? debut - place : qMax(0, place - debut - largeur);
+        };
+        const int distance =
+            ecart(coin.X, cellule.x, cellule.largeur) + ecart(coin.Y, cellule.y, cellule.hauteur);
+        if (distance < meilleur) {
+            meilleur = distance;
+            trouvee = {forme, rang};
+        }
         ++rang;
     }
-    return {};
+    return trouvee;
 }
 
 // Number, from 0, of the row or column in which this position falls.
@@ -178,21 +186,5 @@ Graphique Feuille::ajouterGraphique(const QString &nom, const CadreDessin &cadre
                            css::table::CellAddress(m_donnees->rang(), colonne, ligne), 0);
         donnees->coin = coin;
         return Graphique(donnees);
-    });
-}
-
-void Graphique::supprimer()
-{
-    m_donnees->appeler([this] {
-        graphiquesDe(*m_donnees->feuille)->removeByName(nomObjet(m_donnees->forme));
-        const auto noms = nomsDe(*m_donnees->feuille);
-        if (noms->hasByName(nomDefini(m_donnees->nom)))
-            noms->removeByName(nomDefini(m_donnees->nom));
-        // Those after it move up.
-        auto &toutes = m_donnees->feuille->classeur->retouches.graphiques;
-        toutes.removeOne(m_donnees->retouches);
-        for (const auto &autre : toutes)
-            if (autre->feuille == m_donnees->retouches->feuille && autre->rang > m_donnees->retouches->rang)
-                --autre->rang;
     });
 }

@@ -7,12 +7,10 @@
 #include <com/sun/star/chart2/data/XDataSink.hpp>
 #include <com/sun/star/chart2/data/XDataSource.hpp>
 #include <com/sun/star/chart2/data/XTextualDataSequence.hpp>
-#include <com/sun/star/chart2/DataPointCustomLabelFieldType.hpp>
 #include <com/sun/star/chart2/DataPointLabel.hpp>
 #include <com/sun/star/chart2/Symbol.hpp>
 #include <com/sun/star/chart2/SymbolStyle.hpp>
 #include <com/sun/star/chart2/XChartTypeContainer.hpp>
-#include <com/sun/star/chart2/XDataPointCustomLabelField.hpp>
 #include <com/sun/star/chart2/XDataSeriesContainer.hpp>
 
 using css::uno::Any;
@@ -111,6 +109,15 @@ AspectMarqueur aspect(const css::chart2::Symbol &symbole)
     lu.bord = Teinte::rvb(symbole.BorderColor);
     lu.fond = Teinte::rvb(symbole.FillColor);
     return lu;
+}
+
+// A number format that shows this text whatever the number, for negative ones and zero too.
+QString formatLitteral(const QString &texte)
+{
+    QString cite = texte;
+    cite.replace(QLatin1Char('"'), QLatin1String("\"\\\"\""));
+    cite = QLatin1Char('"') + cite + QLatin1Char('"');
+    return cite + QLatin1Char(';') + cite + QLatin1Char(';') + cite;
 }
 
 void mettreEtiquette(Reglages &reglages, const AspectEtiquette &aspect, const Graphique::Donnees &graphique)
@@ -389,22 +396,18 @@ void SerieGraphique::sansEtiquettes()
         [this] { Reglages().mettre("Label", css::chart2::DataPointLabel()).appliquer(m_donnees->reglages); });
 }
 
+// A label's own text does not pass the filter of .xls, but its number format does: one that is all text.
 void SerieGraphique::etiquettes(const QVector<QPair<int, QString>> &textes, const AspectEtiquette &aspect)
 {
     m_graphique->appeler([&] {
         Reglages reglages;
         mettreEtiquette(reglages, aspect, *m_graphique);
-        css::chart2::DataPointLabel montree;
-        montree.ShowNumber = true;
-        montree.ShowCustomLabel = true;
-        montree.ShowLegendSymbol = aspect.clefLegende;
-        reglages.mettre("Label", montree);
+        reglages.mettre("LinkNumberFormatToSource", false);
+        QHash<QString, sal_Int32> formats;
         for (const auto &[point, texte] : textes) {
-            const Reference<css::chart2::XDataPointCustomLabelField> champ(
-                m_graphique->creer("DataPointCustomLabelField"), UNO_QUERY_THROW);
-            champ->setString(versUno(texte));
-            champ->setFieldType(css::chart2::DataPointCustomLabelFieldType_TEXT);
-            reglages.mettre("CustomLabelFields", seule(champ));
+            if (!formats.contains(texte))
+                formats.insert(texte, m_graphique->cleFormat(formatLitteral(texte)));
+            reglages.mettre("NumberFormat", formats.value(texte));
             reglages.appliquer(m_donnees->objet->getDataPointByIndex(point - 1));
         }
     });

@@ -51,7 +51,7 @@ public:
     // Data labels of the whole series: its values.
     void etiquettes(const AspectEtiquette &aspect = {});
     void sansEtiquettes();
-    // Labels of single points (from 1) with a text of their own.
+    // Labels of single points (from 1) with a text of their own, where the point has a value.
     void etiquettes(const QVector<QPair<int, QString>> &textes, const AspectEtiquette &aspect = {});
 
     // The legend names the series or passes over it.
