@@ -1,6 +1,5 @@
 #include "analysis/Evolution.h"
 
-#include "analysis/DispositionEvolution.h"
 #include "analysis/TexteEvolution.h"
 
 DescriptionGraphiqueEvolution decrireGraphique(const DemandeEvolution &demande, const Evolution &evolution)
@@ -17,9 +16,6 @@ DescriptionGraphiqueEvolution decrireGraphique(const DemandeEvolution &demande, 
         description.objectifMoyen = demande.objectifMoyen.has_value();
         description.objectifMaximal = demande.objectifMaximal.has_value();
         description.bandes = evolution.bandes.has_value();
-        for (int bande = 0; description.bandes && bande < DispositionEvolution::BANDES; ++bande)
-            if ((*evolution.bandes)[static_cast<size_t>(bande)] == 0)
-                description.bandesSansHauteur << DispositionEvolution::COLONNE_BANDES + bande;
         description.quantile = demande.quantile && evolution.figures->quantile90.has_value();
         description.mediane = true;
         description.norme = evolution.enTete.norme.has_value();

@@ -72,11 +72,11 @@ QVector<Emploi> emplois(const DescriptionGraphiqueEvolution &d)
 // Height of the plot over that of the greatest column.
 constexpr double HAUTEUR_SUR_COLONNES = 2.5;
 
-// The first of 1, 2, 2.5, 5 times a power of ten that is at least the number: an axis to it has round steps.
+// The first of 1, 1.5, 2, 3, 4, 5, 6, 8 times a power of ten that is at least the number: an axis to it has round steps.
 double nombreRond(double nombre)
 {
     const double puissance = std::pow(10.0, std::floor(std::log10(nombre)));
-    for (const double facteur : {1.0, 2.0, 2.5, 5.0})
+    for (const double facteur : {1.0, 1.5, 2.0, 3.0, 4.0, 5.0, 6.0, 8.0})
         if (facteur * puissance >= nombre * (1 - 1e-9))
             return facteur * puissance;
     return 10 * puissance;
@@ -123,8 +123,6 @@ private:
     {
         // Its name is in the template already: what stands on row 8.
         serie(emploi.serie).valeurs(colonne(emploi.colonne));
-        if (m_description.bandesSansHauteur.contains(emploi.colonne))
-            serie(emploi.serie).dansLegende(false);
     }
 
     bool secondeADroite() const

@@ -52,8 +52,6 @@ struct DescriptionGraphiqueEvolution {
     bool debit = false;
     bool pluie = false;
     bool bandes = false;
-    // Columns of the bands that have no height: the legend passes over them.
-    QVector<int> bandesSansHauteur;
     bool seuil = false;
     bool quantile = false;
     bool mediane = false;
