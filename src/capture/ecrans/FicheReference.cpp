@@ -9,7 +9,9 @@
 #include "widgets/ZoneMemo.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QTimer>
 
 FicheReference::FicheReference(Session &session, Cadre &cadre, const DescriptionFiche &description)
     : Ecran(session, cadre), m_description(description), m_mode(session.ModeSaisie),
@@ -263,6 +265,8 @@ void FicheReference::charger(const QString &code)
         montrerDependants(&*lue);
     }
     retenirSaisie();
+    m_vientDeCharger = true;
+    QTimer::singleShot(0, this, [this] { m_vientDeCharger = false; });
 }
 
 bool FicheReference::montrerCle(const QString &cle)
@@ -407,6 +411,16 @@ void FicheReference::proposer(const QString &nom, const QString &texte)
     }
     suivreProposition();
     retenirSaisie();
+}
+
+void FicheReference::keyPressEvent(QKeyEvent *evenement)
+{
+    // The Enter that ends a key has shown its row: it does not save it too.
+    const bool entree = evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter;
+    if (entree && m_vientDeCharger)
+        evenement->accept();
+    else
+        Ecran::keyPressEvent(evenement);
 }
 
 void FicheReference::closeEvent(QCloseEvent *evenement)

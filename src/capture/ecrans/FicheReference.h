@@ -151,6 +151,7 @@ protected:
     // The row that is loaded, or nothing for a new one.
     const std::optional<FicheLue> &chargee() const { return m_chargee; }
 
+    void keyPressEvent(QKeyEvent *evenement) override;
     void closeEvent(QCloseEvent *evenement) override;
 
 private:
@@ -184,4 +185,5 @@ private:
     std::optional<FicheLue> m_chargee;
     QStringList m_saisieConnue; // as loaded, or as emptied
     bool m_fermetureDecidee = false;
+    bool m_vientDeCharger = false; // by the event under way
 };

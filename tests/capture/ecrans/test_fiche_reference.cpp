@@ -47,6 +47,27 @@ private Q_SLOTS:
         QVERIFY(!essai.controle("cmd_suppr")->isEnabled());
     }
 
+    // Enter at the end of a key shows its row; a second one saves.
+    void entreeSurUneCle()
+    {
+        for (const char *champ : {"txt_code", "cmb_code"}) {
+            Essai essai;
+            QVERIFY(essai.ouvrir());
+            QWidget *widget = essai.controle(champ);
+            if (auto *combo = qobject_cast<QComboBox *>(widget))
+                widget = combo->lineEdit();
+            widget->setFocus();
+            QTest::keyClicks(widget, s("22278"));
+            QTest::keyClick(widget, Qt::Key_Return);
+            QCoreApplication::processEvents();
+            QCOMPARE(essai.texte("txt_nom"), s("Saint-Brieuc"));
+            QVERIFY(essai.dialogue.questions.isEmpty());
+            essai.repondre({Reponse::Non});
+            QTest::keyClick(essai.controle("txt_nom"), Qt::Key_Return);
+            QCOMPARE(essai.dialogue.questions.size(), 1);
+        }
+    }
+
     void enregistrerUneAutre()
     {
         Essai essai;
