@@ -12,6 +12,7 @@
 #include <com/sun/star/chart2/SymbolStyle.hpp>
 #include <com/sun/star/chart2/XChartTypeContainer.hpp>
 #include <com/sun/star/chart2/XDataSeriesContainer.hpp>
+#include <string_view>
 
 using css::uno::Any;
 using css::uno::Reference;
@@ -21,6 +22,7 @@ namespace
 {
 using Etiquetees = Reference<css::chart2::data::XLabeledDataSequence>;
 constexpr double CENTIEMES_PAR_POINT = 2540.0 / 72.0;
+constexpr char VALEURS[] = "values-y";
 
 rtl::OUString role(const Reference<css::chart2::data::XDataSequence> &suite)
 {
@@ -41,7 +43,11 @@ QString adresse(const Reference<css::chart2::data::XDataSequence> &suite)
 Etiquetees etiquetee(const Reference<css::chart2::XDataSeries> &serie, const char *voulu)
 {
     const Reference<css::chart2::data::XDataSource> source(serie, UNO_QUERY_THROW);
-    for (const auto &suite : source->getDataSequences())
+    const auto suites = source->getDataSequences();
+    // A series of one sequence has its values: no need to ask for its role.
+    if (suites.getLength() == 1 && std::string_view(voulu) == VALEURS)
+        return suites[0];
+    for (const auto &suite : suites)
         if (role(suite->getValues()).equalsAscii(voulu))
             return suite;
     return {};
@@ -163,7 +169,7 @@ void mettreEtiquette(Reglages &reglages, const AspectEtiquette &aspect, const Gr
 const Etiquetees &SerieGraphique::Donnees::valeurs(const Graphique::Donnees &g)
 {
     if (!m_valeurs.is())
-        m_valeurs = etiquetee(objet, "values-y");
+        m_valeurs = etiquetee(objet, VALEURS);
     if (!m_valeurs.is())
         m_valeurs = ajouterSuite(g, objet);
     return m_valeurs;
@@ -257,7 +263,7 @@ QString SerieGraphique::adresseAbscisses() const
 void SerieGraphique::valeurs(const Plage &cellules)
 {
     m_graphique->appeler(
-        [&] { m_donnees->valeurs(*m_graphique)->setValues(m_graphique->suite(cellules, "values-y")); });
+        [&] { m_donnees->valeurs(*m_graphique)->setValues(m_graphique->suite(cellules, VALEURS)); });
 }
 
 void SerieGraphique::abscisses(const Plage &cellules)
