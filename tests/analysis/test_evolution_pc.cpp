@@ -77,6 +77,39 @@ class TestEvolutionPC : public QObject
     QString verifier(const DemandeEvolution &d) const { return m_essai->verifierMesures(d, m_base->chemin); }
     Relu relire() const { return Relu(m_essai->sortie()); }
 
+    // The sheet "Rapport": who and when, what was chosen, and figures that the base gives by itself.
+    void verifierFeuilleRapport()
+    {
+        const ClasseurLu lu(m_essai->sortie());
+        const auto cellule = [&lu](const char *adresse) {
+            return lu.valeur(QStringLiteral("Rapport"), QString::fromLatin1(adresse)).toString();
+        };
+        const auto compter = [this](const QString &quoi, const QString &condition = {}) {
+            return m_base->valeur(
+                QStringLiteral("SELECT %1 FROM MESURE_PHYSICO JOIN PRELEVEMENT USING (NumPrel) "
+                               "WHERE CodeParam = '1340' AND CodeSandreStationM = '04211940' "
+                               "AND coalesce(CodeRemarqueAnaPC, '') <> '0' "
+                               "AND DatePrel BETWEEN '2008-01-01' AND '2010-12-31' %2")
+                    .arg(quoi, condition));
+        };
+        QCOMPARE(cellule("A2"), QStringLiteral("RAPPORT ET GRAPHIQUE - Données physico-chimiques"));
+        QCOMPARE(cellule("B5"), QStringLiteral("BV d'essai"));
+        QCOMPARE(cellule("B6"), QStringLiteral("04211940"));
+        QCOMPARE(cellule("B9"), QStringLiteral("Nitrates (mg(NO3)/L)"));
+        QCOMPARE(cellule("B10"), QStringLiteral("du 01/01/2008 au 31/12/2010"));
+        QCOMPARE(cellule("B14"), QStringLiteral("Tous"));
+        QCOMPARE(cellule("B20"), compter(QStringLiteral("count(*)")).toString());
+        const QString maximum =
+            QString::number(compter(QStringLiteral("max(ResultatAnaPC)")).toDouble(), 'g', 12);
+        QCOMPARE(cellule("B21"), QString(maximum).replace(u'.', u',') + QStringLiteral(" mg(NO3)/L"));
+        const double part =
+            100.0 * compter(QStringLiteral("count(*)"), QStringLiteral("AND ResultatAnaPC > 25")).toInt() /
+            compter(QStringLiteral("count(*)")).toInt();
+        QVERIFY(cellule("B27").endsWith(QStringLiteral(" % (objectif : 25 mg(NO3)/L)")));
+        QVERIFY(qAbs(cellule("B27").section(u' ', 0, 0).replace(u',', u'.').toDouble() - part) < 0.00501);
+        QCOMPARE(cellule("B29"), QStringLiteral("50 mg(NO3)/L"));
+    }
+
 private Q_SLOTS:
     void initTestCase()
     {
@@ -412,7 +445,7 @@ private Q_SLOTS:
         rapport.parametre = d.courbes[0].parametre;
         differences = m_essai->verifier(rapport, m_base->chemin);
         QVERIFY2(differences.isEmpty(), qPrintable(differences));
-        QVERIFY(ClasseurLu(m_essai->sortie()).feuilles().contains(QStringLiteral("Rapport")));
+        verifierFeuilleRapport();
         QCOMPARE(relire().series().size(), 15); // no less than in a chart of its own
     }
 
