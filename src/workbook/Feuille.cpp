@@ -198,6 +198,17 @@ void Feuille::largeurColonne(int colonne, int centiemesMm)
     });
 }
 
+void Feuille::cacherColonnes(int colonne, int nombre, bool oui)
+{
+    m_donnees->appeler([&] {
+        const Reference<css::table::XColumnRowRange> bandes(
+            m_donnees->objet()->getCellRangeByPosition(colonne - 1, 0, colonne + nombre - 2, 0),
+            UNO_QUERY_THROW);
+        Reference<css::beans::XPropertySet>(bandes->getColumns(), UNO_QUERY_THROW)
+            ->setPropertyValue("IsVisible", Any(!oui));
+    });
+}
+
 void Feuille::hauteurOptimale(int ligne)
 {
     m_donnees->appeler([&] {

@@ -38,6 +38,8 @@ public:
     // Height of a row and width of a column, in hundredths of a millimetre.
     void hauteurLigne(int ligne, int centiemesMm);
     void largeurColonne(int colonne, int centiemesMm);
+    // Hides columns, or shows them again.
+    void cacherColonnes(int colonne, int nombre, bool oui);
     // The same height for several rows, in one go.
     void hauteurLignes(int ligne, int nombre, int centiemesMm);
     // Adjusts a row's height to what it holds.

@@ -212,6 +212,9 @@ Reference<css::chart2::data::XDataSequence> Graphique::Donnees::suite(const Plag
 
 sal_Int32 Graphique::Donnees::cleFormat(const QString &format) const
 {
+    constexpr sal_Int32 STANDARD = 0; // in every table of formats
+    if (format == QLatin1String("General"))
+        return STANDARD;
     const css::lang::Locale anglais("en", "US", rtl::OUString());
     const css::lang::Locale sien;
     return Reference<css::util::XNumberFormatsSupplier>(document, UNO_QUERY_THROW)
