@@ -17,4 +17,6 @@ void debits(Classeur &classeur);
 void pluies(Classeur &classeur);
 // The sheet "Rapport" of the former.
 void synthese(Feuille feuille);
+// "Modele_flux.xls": the fluxes, a sheet and a chart each.
+void flux(Classeur &classeur);
 } // namespace Modele

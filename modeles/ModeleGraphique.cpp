@@ -59,7 +59,14 @@ public:
 private:
     int premiereLigne() const { return m_description.ligneIntitules + 1; }
     int premiereColonneBloc() const { return m_description.derniereColonne + 2; }
-    int gaucheBloc() const { return (m_description.derniereColonne + 1) * LARGEUR_DONNEES; }
+    int largeur(int colonne) const { return m_description.largeurs.value(colonne - 1, LARGEUR_DONNEES); }
+    int gaucheBloc() const
+    {
+        int gauche = 0;
+        for (int colonne = 1; colonne < premiereColonneBloc(); ++colonne)
+            gauche += largeur(colonne);
+        return gauche;
+    }
     CadreDessin cadreTexte() const
     {
         return {gaucheBloc() + RETRAIT, RETRAIT, LARGEUR_BLOC - 2 * RETRAIT, m_description.hauteurTexte};
@@ -74,11 +81,13 @@ private:
     {
         const int derniere = m_description.derniereColonne;
         for (int colonne = 1; colonne <= derniere + 1; ++colonne)
-            m_feuille.largeurColonne(colonne, LARGEUR_DONNEES);
+            m_feuille.largeurColonne(colonne, largeur(colonne));
         for (int colonne = 0; colonne < COLONNES_BLOC; ++colonne)
             m_feuille.largeurColonne(premiereColonneBloc() + colonne, LARGEUR_BLOC / COLONNES_BLOC);
         // Heights are fixed, so that the chart stands over the same rows everywhere.
         m_feuille.hauteurLignes(1, 60, HAUTEUR_LIGNE);
+        if (m_description.hauteurIntitules > 0)
+            m_feuille.hauteurLigne(m_description.ligneIntitules, m_description.hauteurIntitules);
         for (const Entete &entete : m_description.entetes) {
             Plage cellule = m_feuille.cellule(entete.ligne, entete.colonne);
             cellule.ecrire(entete.texte);

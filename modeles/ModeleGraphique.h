@@ -62,6 +62,10 @@ struct Description {
     int colonneDates = 1;
     int derniereColonne = 20; // of the data; the chart stands right of it
     QString formatDates = QStringLiteral("dd/mm/yyyy");
+    // Widths of the first columns and height of the row of headings, where they are not the ordinary ones; hundredths of
+    // a millimetre.
+    QVector<int> largeurs;
+    int hauteurIntitules = 0;
     QVector<Entete> entetes;    // labels above the data
     QVector<Serie> series;      // in the order of their numbers: primary axis first, areas, columns, lines
     bool echelleDeTemps = true; // a time axis; else one place a row

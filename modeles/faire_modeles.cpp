@@ -20,6 +20,7 @@ constexpr Fabrique MODELES[] = {
     {"Concentr_Rapport.xls", Modele::concentrationsEtRapport},
     {"Modele_concentr_hydro.xls", Modele::debits},
     {"Modele_concentr_pluvio.xls", Modele::pluies},
+    {"Modele_flux.xls", Modele::flux},
 };
 } // namespace
 

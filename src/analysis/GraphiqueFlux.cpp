@@ -1,0 +1,44 @@
+#include "analysis/GraphiqueFlux.h"
+
+#include "analysis/ContenuFlux.h"
+#include "analysis/DispositionFlux.h"
+#include "workbook/AxeGraphique.h"
+#include "workbook/BoiteTexte.h"
+#include "workbook/Feuille.h"
+#include "workbook/SerieGraphique.h"
+
+using namespace DispositionFlux;
+
+namespace
+{
+void relier(SerieGraphique serie, const Feuille &feuille, int colonne, int lignes)
+{
+    const int derniere = LIGNE_FLUX + lignes - 1;
+    serie.valeurs(feuille.plage(LIGNE_FLUX, colonne, derniere, colonne));
+    serie.abscisses(feuille.plage(LIGNE_FLUX, COLONNE_DATE, derniere, COLONNE_DATE));
+    serie.nommer(feuille.cellule(LIGNE_ENTETE, colonne));
+    if (lignes > POINTS_MARQUES)
+        serie.marqueur({Marqueur::Aucun});
+}
+} // namespace
+
+void M_creer_graph::grapheFlux(const Feuille &feuille, const FluxCalcule &flux, const EnTeteFlux &enTete,
+                               const QString &parametre, ModeAnnee mode)
+{
+    const auto lignes = static_cast<int>(flux.lignes.size());
+    if (lignes == 0)
+        return;
+    Graphique graphique = feuille.graphique(GRAPHIQUE.toString());
+    const Graphique::Suspension suspension(graphique);
+    graphique.titre(ContenuFlux::titre(flux.demande, enTete, parametre));
+    SerieGraphique serie = graphique.serie(SERIE_FLUX);
+    relier(serie, feuille, COLONNE_FLUX, lignes);
+    if (flux.demande.genre == GenreFlux::ParVolume)
+        relier(graphique.serie(SERIE_VOLUME), feuille, COLONNE_VOLUME, lignes);
+    AspectEtiquette aspect;
+    aspect.place = PlaceEtiquette::DessusDuPoint;
+    aspect.taillePolice = TAILLE_ETIQUETTES;
+    serie.etiquettes(ContenuFlux::etiquettes(flux), aspect);
+    graphique.axe(TypeAxe::Valeur).titre(ContenuFlux::titreAxe(flux));
+    feuille.zoneTexte(ZONE_NOTE.toString()).ecrire(ContenuFlux::note(flux, mode));
+}
