@@ -14,12 +14,6 @@ namespace
 {
 constexpr auto FAMILLE = Famille::PhysicoChimie;
 
-const QString &pasEncore()
-{
-    static const QString texte = QStringLiteral("Pas encore disponible dans cette version");
-    return texte;
-}
-
 // Enables a control, or disables it and says why.
 void permettre(QWidget *controle, const QString &empechement, const QString &infobulle = {})
 {
@@ -48,7 +42,6 @@ F_Concentrations_PC::F_Concentrations_PC(Session &session, Cadre &cadre, QWidget
 {
     m_ui->setupUi(this);
     preparer(m_ui->cmd_rapport, m_ui->cmd_fermer);
-    desactiverFlux();
     for (QLineEdit *zone : {m_ui->txt_obj_moyen, m_ui->txt_obj_max, m_ui->txt_norme})
         LectureSeule::appliquer(zone);
 
@@ -93,10 +86,10 @@ F_Concentrations_PC::F_Concentrations_PC(Session &session, Cadre &cadre, QWidget
     connect(m_ui->cmd_visualiser, &QPushButton::clicked, this, &F_Concentrations_PC::lancerGraphique);
     connect(m_ui->cmd_graph_rapport, &QPushButton::clicked, this,
             &F_Concentrations_PC::lancerGraphiqueEtRapport);
-    connect(m_ui->cmd_fermer_flux, &QPushButton::clicked, this, &Ecran::fermer);
-    m_ui->cmd_fermer_flux->setProperty("sansVerification", true);
 
     executer([this] { chargerListes(); });
+    m_ui->onglet_flux->brancher(session, {[this](const auto &commande) { executer(commande); },
+                                          [this] { return verifierZones(); }, [this] { fermer(); }});
     Vider_Concentrations_PC();
     commencerPar(champ(Champ::Station));
 }
@@ -317,15 +310,6 @@ void F_Concentrations_PC::permettreReperes()
     }
     permettreCase(m_ui->chk_seuil, sansParametre);
     permettreCase(m_ui->CB_ECHELLE_MAX, sansParametre);
-}
-
-void F_Concentrations_PC::desactiverFlux()
-{
-    for (QWidget *bloc :
-         {static_cast<QWidget *>(m_ui->frm_flux), static_cast<QWidget *>(m_ui->grp_annee_flux),
-          static_cast<QWidget *>(m_ui->frm_elements_flux), static_cast<QWidget *>(m_ui->grp_filtres_flux),
-          static_cast<QWidget *>(m_ui->cmd_visual_flux)})
-        permettre(bloc, pasEncore());
 }
 
 Controles F_Concentrations_PC::controles() const

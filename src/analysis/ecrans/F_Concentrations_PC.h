@@ -63,7 +63,6 @@ private:
     void permettreReperes();
     // The values and units that the parameter is held against.
     void montrerReperes();
-    void desactiverFlux();
 
     std::unique_ptr<Ui::F_Concentrations_PC> m_ui;
     ListesFiltres m_filtresBase;

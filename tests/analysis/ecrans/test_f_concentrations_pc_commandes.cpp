@@ -2,7 +2,6 @@
 #include "EcranConcentrations.h"
 
 #include <QLabel>
-#include <QTabWidget>
 
 class TestFConcentrationsPCCommandes : public QObject
 {
@@ -22,7 +21,6 @@ private Q_SLOTS:
     void fichierAnnule();
     void pendantUnRapport();
     void clavier();
-    void flux();
 };
 
 void TestFConcentrationsPCCommandes::seuil()
@@ -307,37 +305,6 @@ void TestFConcentrationsPCCommandes::clavier()
     for (const char *lettre : {"r", "g", "e", "f"})
         QVERIFY2(!vues.contains(QString::fromLatin1(lettre)), lettre);
     QTest::keyClick(e.ecran->focusWidget(), Qt::Key_Escape);
-    QVERIFY(!e.ecran->isVisible());
-}
-
-void TestFConcentrationsPCCommandes::flux()
-{
-    Essai e;
-    QVERIFY(e.pret());
-    e.trouver<QTabWidget>("SSTab_PC")->setCurrentIndex(1);
-    QCOMPARE(e.texte("txt_param_flux"), s("Nitrates"));
-    const QList<std::pair<const char *, const char *>> legendes = {
-        {"chk_flux_mensuel", "Flux mensuel du "},
-        {"chk_flux_annuel", "Flux annuel de"},
-        {"chk_flux_cumul", "Flux mensuel cumulé du"},
-        {"chk_flux_volume", "Flux mensuel cumulé / Volume "}};
-    for (const auto &[nom, legende] : legendes)
-        QCOMPARE(e.bouton(nom)->text(), s(legende));
-    for (const char *nom :
-         {"cmb_station_flux", "cmb_code_flux", "cmb_mesures", "opAnCivil", "opAnHydro", "txt_mois_debut",
-          "txt_mois_fin", "chk_mois_specifique", "txt_annee_debut", "txt_annee_fin", "chk_annee_specifique",
-          "txt_cumul_debut", "txt_cumul_fin", "chk_cumul_specifique", "lst_reseau2", "lst_gest2",
-          "cmb_protoc2", "cmd_visual_flux"}) {
-        QVERIFY2(e.visible(nom), nom);
-        QVERIFY2(!e.actif(nom), nom);
-    }
-    for (const char *nom : {"frm_flux", "frm_elements_flux", "cmd_visual_flux"})
-        QCOMPARE(e.controle(nom)->toolTip(), s("Pas encore disponible dans cette version"));
-    // Enter starts no report from behind; the tab's own button closes the screen.
-    QTest::keyClick(e.ecran.get(), Qt::Key_Return);
-    QVERIFY(e.dialogue.messages.isEmpty());
-    QVERIFY(e.actif("cmd_fermer_flux"));
-    e.bouton("cmd_fermer_flux")->click();
     QVERIFY(!e.ecran->isVisible());
 }
 
