@@ -113,7 +113,7 @@ void dessinerFlux(Feuille &feuille, GenreFlux genre)
     description.ligneIntitules = LIGNE_ENTETE;
     description.colonneDates = COLONNE_DATE;
     description.derniereColonne = parVolume ? COLONNE_VOLUME : COLONNE_OBSERVATION;
-    description.formatDates = annuel ? QStringLiteral("General") : QStringLiteral("mm/yyyy");
+    description.formatDates = annuel ? QStringLiteral("General") : FORMAT_MOIS.toString();
     description.largeurs = {LARGEUR_DATE, LARGEUR_CHIFFRES, LARGEUR_CHIFFRES, LARGEUR_OBSERVATION,
                             LARGEUR_CHIFFRES};
     description.hauteurIntitules = HAUTEUR_TITRES;
@@ -134,11 +134,8 @@ void dessinerFlux(Feuille &feuille, GenreFlux genre)
     graphique.relierLesTrous(false);
     if (parVolume)
         graphique.axe(TypeAxe::Valeur, 2).formatNombre(QStringLiteral("#,##0"));
-    // Dates as the cells show them: some readers pass over a format of the axis itself.
-    AxeGraphique dates = graphique.axe(TypeAxe::Categorie);
-    dates.formatNombre({});
     if (annuel)
-        dates.orientation(0);
+        graphique.axe(TypeAxe::Categorie).orientation(0);
     // The first point may have a number format of its own.
     graphique.axe(TypeAxe::Valeur).formatNombre(QStringLiteral("General"));
     intituler(feuille.plage(LIGNE_ENTETE, COLONNE_DATE, LIGNE_ENTETE, description.derniereColonne));

@@ -67,6 +67,9 @@ inline constexpr int COLONNE_JOURS_CALCULES = 3; // where days lack a flow: the 
 inline constexpr int COLONNE_OBSERVATION = 4;
 inline constexpr int COLONNE_VOLUME = 5; // GenreFlux::ParVolume alone
 
+// How months are shown, in the cells and on the axis.
+inline constexpr QStringView FORMAT_MOIS = u"mm/yyyy";
+
 // Beyond this many rows the points of a line are no longer told apart, and their markers go.
 inline constexpr int POINTS_MARQUES = 50;
 

@@ -10,7 +10,6 @@ using namespace DispositionFlux;
 namespace
 {
 const QString FORMAT_JOUR = QStringLiteral("dd/mm/yy");
-const QString FORMAT_MOIS = QStringLiteral("mm/yyyy");
 const QString FORMAT_GENERAL = QStringLiteral("General");
 
 // A rectangle with its top left corner here; nothing where there is no row.
@@ -75,7 +74,7 @@ void ecrireFeuilleFlux(Feuille &feuille, const FluxCalcule &flux)
     if (flux.demande.genre != GenreFlux::Annuel && !lignes.isEmpty())
         feuille
             .plage(LIGNE_FLUX, COLONNE_DATE, LIGNE_FLUX + static_cast<int>(lignes.size()) - 1, COLONNE_DATE)
-            .formatNombre(FORMAT_MOIS);
+            .formatNombre(FORMAT_MOIS.toString());
     ecrire(feuille, LIGNE_ENTETE, COLONNE_DATE, {ContenuFlux::titresFlux(flux)});
     ecrire(feuille, LIGNE_FLUX, COLONNE_DATE, lignes);
     formaterFlux(feuille, flux.lignes);

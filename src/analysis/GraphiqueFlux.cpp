@@ -35,6 +35,8 @@ void M_creer_graph::grapheFlux(const Feuille &feuille, const FluxCalcule &flux, 
     relier(serie, feuille, COLONNE_FLUX, lignes);
     if (flux.demande.genre == GenreFlux::ParVolume)
         relier(graphique.serie(SERIE_VOLUME), feuille, COLONNE_VOLUME, lignes);
+    if (flux.demande.genre != GenreFlux::Annuel)
+        graphique.axe(TypeAxe::Categorie).formatNombre(FORMAT_MOIS.toString());
     AspectEtiquette aspect;
     aspect.place = PlaceEtiquette::DessusDuPoint;
     aspect.taillePolice = TAILLE_ETIQUETTES;
