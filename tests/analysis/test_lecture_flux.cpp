@@ -93,7 +93,7 @@ private Q_SLOTS:
         const BaseDEssai base;
         const qint64 p1 = ajouter(base, QDate(2008, 1, 1), 11, "1", "17", "1");
         ajouter(base, QDate(2008, 2, 1), 12, "1", "18", "2");
-        ajouter(base, QDate(2008, 3, 1), 13, "1", "", "2");
+        ajouter(base, QDate(2008, 3, 1), 13, "1", "19", "2");
         base.sql("UPDATE MESURE_PHYSICO SET CodeSandreGest = NULL WHERE ResultatAnaPC = 13");
         // A sampling in both networks counts once.
         base.sql("INSERT INTO PRELEVEMENTRSX VALUES (?, '0400000001'), (?, '0400000002')", {p1, p1});
