@@ -86,6 +86,7 @@ void ecrireFlux(Classeur &classeur, const ResultatFlux &resultat, const std::fun
     Feuille mesures = classeur.feuille(FEUILLE_MESURES.toString());
     ecrireMesures(mesures, resultat);
     parFeuille();
+    bool premiere = true;
     for (const GenreFlux genre : GENRES) {
         Feuille feuille = classeur.feuille(DispositionFlux::feuille(genre).toString());
         const auto flux = std::find_if(resultat.flux.begin(), resultat.flux.end(),
@@ -98,6 +99,8 @@ void ecrireFlux(Classeur &classeur, const ResultatFlux &resultat, const std::fun
         }
         ecrireFeuilleFlux(feuille, *flux);
         M_creer_graph::grapheFlux(feuille, *flux, resultat.enTete, resultat.parametre, resultat.mode);
+        if (std::exchange(premiere, false))
+            feuille.montrerDepuis(COLONNE_DATE);
         parFeuille();
     }
 }

@@ -16,5 +16,5 @@ struct ResultatFlux {
 };
 
 // Fills the sheet "Mesures" and the sheet and chart of each flux; the sheets of the fluxes that were not asked for are
-// hidden, with their columns of the first. `parFeuille` is called once for each sheet filled.
+// hidden, with their columns of the first; the file opens on the first flux. `parFeuille` is called once for each sheet filled.
 void ecrireFlux(Classeur &classeur, const ResultatFlux &resultat, const std::function<void()> &parFeuille);
