@@ -112,7 +112,7 @@ void dessinerFlux(Feuille &feuille, GenreFlux genre)
     description.texte = ZONE_NOTE.toString();
     description.ligneIntitules = LIGNE_ENTETE;
     description.colonneDates = COLONNE_DATE;
-    description.derniereColonne = parVolume ? COLONNE_VOLUME : COLONNE_OBSERVATION;
+    description.derniereColonne = derniereColonne(genre);
     description.formatDates = annuel ? QStringLiteral("General") : FORMAT_MOIS.toString();
     description.largeurs = {LARGEUR_DATE, LARGEUR_CHIFFRES, LARGEUR_CHIFFRES, LARGEUR_OBSERVATION,
                             LARGEUR_CHIFFRES};
@@ -152,4 +152,6 @@ void Modele::flux(Classeur &classeur)
         Feuille feuille = classeur.ajouterFeuille(DispositionFlux::feuille(genre).toString());
         dessinerFlux(feuille, genre);
     }
+    // The sheet that is always there: a sheet in front is not hidden.
+    mesures.montrerDepuis(COLONNE_LIBELLES);
 }

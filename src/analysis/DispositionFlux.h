@@ -66,6 +66,15 @@ inline constexpr int COLONNE_FLUX = 2;
 inline constexpr int COLONNE_JOURS_CALCULES = 3; // where days lack a flow: the number of those that have one
 inline constexpr int COLONNE_OBSERVATION = 4;
 inline constexpr int COLONNE_VOLUME = 5; // GenreFlux::ParVolume alone
+constexpr int derniereColonne(GenreFlux genre)
+{
+    return genre == GenreFlux::ParVolume ? COLONNE_VOLUME : COLONNE_OBSERVATION;
+}
+// The chart stands right of a blank column.
+constexpr int colonneGraphique(GenreFlux genre)
+{
+    return derniereColonne(genre) + 2;
+}
 
 // How months are shown, in the cells and on the axis.
 inline constexpr QStringView FORMAT_MOIS = u"mm/yyyy";

@@ -100,7 +100,7 @@ void ecrireFlux(Classeur &classeur, const ResultatFlux &resultat, const std::fun
         ecrireFeuilleFlux(feuille, *flux);
         M_creer_graph::grapheFlux(feuille, *flux, resultat.enTete, resultat.parametre, resultat.mode);
         if (std::exchange(premiere, false))
-            feuille.montrerDepuis(COLONNE_DATE);
+            feuille.montrerDepuis(colonneGraphique(genre));
         parFeuille();
     }
 }

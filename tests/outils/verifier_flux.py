@@ -197,6 +197,10 @@ def main():
     asked = {f["genre"] for f in request["flux"]}
     for genre, (sheet, _) in SHEETS.items():
         book.check_hidden(sheet, genre not in asked)
+    front = next(sheet for genre, (sheet, _) in SHEETS.items() if genre in asked)
+    book.compared += 1
+    if [s.name for s in book.book.sheets() if s.sheet_selected] != [front]:
+        book.wrong.append(f"the file does not open on {front}")
     for flux in request["flux"]:
         sheet, rank = SHEETS[flux["genre"]]
         first, end = bounds(flux, civil)
