@@ -163,6 +163,31 @@ Reponse DialogueQt::refus(const QList<Reponse> &choix)
     return choix.value(0, Reponse::OK);
 }
 
+namespace
+{
+// A name typed without an extension takes the default one, and that of the filter once one is chosen; a name that ends
+// as another filter wants it follows the choice.
+void suivreFiltre(QFileDialog &choix, const QString &defaut)
+{
+    choix.setDefaultSuffix(defaut);
+    QObject::connect(&choix, &QFileDialog::filterSelected, &choix, [&choix, defaut](const QString &filtre) {
+        const QString extension = extensionDuFiltre(filtre);
+        choix.setDefaultSuffix(extension.isEmpty() ? defaut : extension);
+        const QStringList choisis = choix.selectedFiles();
+        if (extension.isEmpty() || choisis.isEmpty())
+            return;
+        const QFileInfo fichier(choisis.constFirst());
+        const QStringList filtres = choix.nameFilters();
+        const bool dUnAutreFiltre =
+            std::any_of(filtres.begin(), filtres.end(), [&fichier](const QString &autre) {
+                return extensionDuFiltre(autre).compare(fichier.suffix(), Qt::CaseInsensitive) == 0;
+            });
+        if (!fichier.suffix().isEmpty() && dUnAutreFiltre && !fichier.isDir())
+            choix.selectFile(fichier.completeBaseName() + u'.' + extension);
+    });
+}
+} // namespace
+
 std::optional<QString> DialogueQt::choisirFichier(const DemandeFichier &demande)
 {
     if (m_cesse)
@@ -186,7 +211,7 @@ std::optional<QString> DialogueQt::choisirFichier(const DemandeFichier &demande)
     choix.resize(820, 500);
     choix.setLabelText(QFileDialog::LookIn, QStringLiteral("Chercher dans :"));
     if (demande.enregistrer)
-        choix.setDefaultSuffix(demande.extensionDefaut);
+        suivreFiltre(choix, demande.extensionDefaut);
     if (!demande.nomPropose.isEmpty())
         choix.selectFile(demande.nomPropose);
     if (choix.exec() != QDialog::Accepted || choix.selectedFiles().isEmpty())

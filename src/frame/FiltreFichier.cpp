@@ -1,5 +1,7 @@
 #include "frame/FiltreFichier.h"
 
+#include <QRegularExpression>
+
 QStringList filtresQt(const QString &filtre)
 {
     QStringList filtres;
@@ -17,4 +19,10 @@ QStringList filtresQt(const QString &filtre)
             filtres << morceaux[i].trimmed() + QStringLiteral(" (") + motifs.join(u' ') + u')';
     }
     return filtres;
+}
+
+QString extensionDuFiltre(const QString &filtreQt)
+{
+    static const QRegularExpression PREMIERE(QStringLiteral("\\(\\*\\.(\\w+)[^()]*\\)$"));
+    return PREMIERE.match(filtreQt).captured(1);
 }

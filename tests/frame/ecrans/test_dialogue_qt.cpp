@@ -166,6 +166,34 @@ private Q_SLOTS:
                  dossier.filePath(QStringLiteral("rapport.xls")));
     }
 
+    void extensionDuFiltreChoisi()
+    {
+        QTemporaryDir dossier;
+        DialogueQt dialogue;
+        DemandeFichier demande;
+        demande.filtre = QStringLiteral("Excel (*.xls)|*.xls|Excel 2007 (*.xlsx)|*.xlsx|Tous (*.*)|*.*");
+        demande.dossierInitial = dossier.path();
+        demande.nomPropose = QStringLiteral("rapport.xls");
+        demande.extensionDefaut = QStringLiteral("xls");
+        demande.enregistrer = true;
+        const auto choisirXlsx = [](QFileDialog *boite, const QString &tape) {
+            auto *types = boite->findChild<QComboBox *>(QStringLiteral("fileTypeCombo"));
+            QTest::keyClick(types, Qt::Key_Down);
+            QCOMPARE(types->currentIndex(), 1);
+            if (!tape.isEmpty())
+                boite->findChild<QLineEdit *>()->setText(tape);
+            QMetaObject::invokeMethod(boite, "accept");
+        };
+        surBoite<QFileDialog>([&](QFileDialog *boite) { choisirXlsx(boite, {}); });
+        QCOMPARE(dialogue.choisirFichier(demande).value_or(QString()),
+                 dossier.filePath(QStringLiteral("rapport.xlsx")));
+        surBoite<QFileDialog>([&](QFileDialog *boite) { choisirXlsx(boite, QStringLiteral("bilan")); });
+        QCOMPARE(dialogue.choisirFichier(demande).value_or(QString()),
+                 dossier.filePath(QStringLiteral("bilan.xlsx")));
+        QCOMPARE(extensionDuFiltre(QStringLiteral("Tous (*.*) (*)")), QString());
+        QCOMPARE(extensionDuFiltre(QStringLiteral("Classeurs (*.xlsx *.ods)")), QStringLiteral("xlsx"));
+    }
+
     void couleur()
     {
         DialogueQt dialogue;
