@@ -146,7 +146,7 @@ void ecrireColonnes(Feuille &feuille, const QList<LigneEvolution> &lignes, int p
     feuille
         .plage(PREMIERE_LIGNE, premiere, PREMIERE_LIGNE + static_cast<int>(lignes.size()) - 1,
                premiere + nombre - 1)
-        .ecrire(valeurs);
+        .ecrireContenu(valeurs);
 }
 
 // Dates and curves, flows and rain, remark codes: only the columns that hold something.
@@ -171,20 +171,19 @@ void ecrireMesures(Feuille &feuille, const Evolution &evolution)
                        [](auto &rangee, const auto &ligne) { rangee[0] = celluleOuVide(ligne.pluie); });
 }
 
-// A level is the same on every row: it is written once, and copied down by the application.
+// A level is the same on every row: all are written once, and copied down by the application with what lies between them.
 void ecrireNiveaux(Feuille &feuille, const QVector<QVariant> &niveaux, int derniere)
 {
-    for (int colonne = 1; colonne <= DERNIERE_COLONNE;) {
-        int suivante = colonne;
-        while (suivante <= DERNIERE_COLONNE && niveaux[suivante - 1].isValid())
-            ++suivante;
-        if (suivante > colonne) {
-            feuille.plage(PREMIERE_LIGNE, colonne, PREMIERE_LIGNE, suivante - 1)
-                .ecrire(Valeurs{niveaux.mid(colonne - 1, suivante - colonne)});
-            recopierVersLeBas(feuille.plage(PREMIERE_LIGNE, colonne, derniere, suivante - 1));
-        }
-        colonne = suivante + 1;
-    }
+    const auto present = [](const QVariant &niveau) { return niveau.isValid(); };
+    const auto premier = std::find_if(niveaux.cbegin(), niveaux.cend(), present);
+    if (premier == niveaux.cend())
+        return;
+    const auto dernier = std::find_if(niveaux.crbegin(), niveaux.crend(), present).base();
+    const int gauche = 1 + static_cast<int>(premier - niveaux.cbegin());
+    const int droite = static_cast<int>(dernier - niveaux.cbegin());
+    feuille.plage(PREMIERE_LIGNE, gauche, PREMIERE_LIGNE, droite)
+        .ecrireContenu(Valeurs{niveaux.mid(gauche - 1, droite - gauche + 1)});
+    recopierVersLeBas(feuille.plage(PREMIERE_LIGNE, gauche, derniere, droite));
 }
 } // namespace
 
@@ -199,6 +198,7 @@ void ecrireEvolution(Feuille &feuille, const DemandeEvolution &demande, const Ev
         .formatNombre(QStringLiteral("dd/mm/yyyy"));
     feuille.plage(PREMIERE_LIGNE, COLONNE_COURBE, derniere, COLONNE_COURBE + 1)
         .formatNombre(QStringLiteral("General"));
-    ecrireMesures(feuille, evolution);
+    // The levels first: flows and rain stand between their columns.
     ecrireNiveaux(feuille, constantes, derniere);
+    ecrireMesures(feuille, evolution);
 }

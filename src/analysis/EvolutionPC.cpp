@@ -116,6 +116,7 @@ std::optional<Evolution> tracer(const DemandeEvolution &demande, const DataEnvir
     if (evolution.mesures() == 0)
         return std::nullopt;
 
+    classeur.figerHauteurs();
     Feuille feuille = classeur.feuille(DispositionEvolution::FEUILLE.toString());
     ecrireEvolution(feuille, demande, evolution);
     if (demande.echelleMaximale && evolution.maximum > *demande.echelleMaximale)

@@ -98,9 +98,7 @@ public:
     {
         const Graphique::Suspension suspension(m_graphique);
         const QVector<Emploi> tous = emplois(m_description);
-        for (const Emploi &emploi : tous)
-            if (!emploi.sert)
-                oter(emploi);
+        oter(tous);
         serie(SERIE_COURBE_1).abscisses(colonne(COLONNE_DATE));
         for (const Emploi &emploi : tous)
             if (emploi.sert)
@@ -113,10 +111,27 @@ private:
     SerieGraphique &serie(SerieEvolution numero) { return m_series[numero - 1]; }
     Plage colonne(int numero) const { return m_feuille.plage(PREMIERE_LIGNE, numero, m_derniere, numero); }
 
-    void oter(const Emploi &emploi)
+    // What is not used, with its cells; columns side by side are cleared at once.
+    void oter(const QVector<Emploi> &tous)
     {
-        serie(emploi.serie).supprimer();
-        m_feuille.plage(LIGNE_INTITULES, emploi.colonne, m_derniere, emploi.colonne).viderContenu();
+        QVector<int> numeros;
+        QVector<int> colonnes;
+        for (const Emploi &emploi : tous)
+            if (!emploi.sert) {
+                numeros << emploi.serie;
+                colonnes << emploi.colonne;
+            }
+        if (numeros.isEmpty())
+            return;
+        m_graphique.supprimerSeries(numeros);
+        std::sort(colonnes.begin(), colonnes.end());
+        for (qsizetype debut = 0; debut < colonnes.size();) {
+            qsizetype fin = debut + 1;
+            while (fin < colonnes.size() && colonnes[fin] == colonnes[fin - 1] + 1)
+                ++fin;
+            m_feuille.plage(LIGNE_INTITULES, colonnes[debut], m_derniere, colonnes[fin - 1]).viderContenu();
+            debut = fin;
+        }
     }
 
     void brancher(const Emploi &emploi)

@@ -104,7 +104,8 @@ public:
     void ranger(SerieGraphique::Donnees &serie);
     // From now on the file is given what stands in the series' retouches.
     void retoucher(SerieGraphique::Donnees &serie);
-    void oter(SerieGraphique::Donnees &serie);
+    // Takes series out of their types; a type left without any goes too.
+    void oter(const std::vector<std::shared_ptr<SerieGraphique::Donnees>> &otees);
     bool aSecondaires() const;
     void oublierAxeVide();
     css::uno::Reference<css::chart2::XAxis> axe(TypeAxe type, int groupe) const; // empty without

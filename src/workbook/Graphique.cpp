@@ -294,19 +294,27 @@ void Graphique::Donnees::retoucher(SerieGraphique::Donnees &serie)
         retouches->series.append(serie.retouches);
 }
 
-void Graphique::Donnees::oter(SerieGraphique::Donnees &serie)
+void Graphique::Donnees::oter(const std::vector<std::shared_ptr<SerieGraphique::Donnees>> &otees)
 {
+    const auto disparait = [&otees](const Reference<css::chart2::XDataSeries> &serie) {
+        return std::any_of(otees.begin(), otees.end(), [&serie](const auto &o) { return o->objet == serie; });
+    };
     const auto types = typesDe(*this);
-    for (const auto &type : types->getChartTypes()) {
+    const auto presents = types->getChartTypes();
+    sal_Int32 reste = presents.getLength();
+    for (const auto &type : presents) {
         const Reference<css::chart2::XDataSeriesContainer> contenu(type, UNO_QUERY_THROW);
-        const auto presentes = contenu->getDataSeries();
-        if (std::find(presentes.begin(), presentes.end(), serie.objet) == presentes.end())
+        const auto avant = contenu->getDataSeries();
+        std::vector<Reference<css::chart2::XDataSeries>> gardees;
+        std::remove_copy_if(avant.begin(), avant.end(), std::back_inserter(gardees), disparait);
+        if (static_cast<sal_Int32>(gardees.size()) == avant.getLength())
             continue;
-        contenu->removeDataSeries(serie.objet);
-        // The last one stays, empty: a chart without any type has no axes.
-        if (presentes.getLength() == 1 && types->getChartTypes().getLength() > 1)
+        contenu->setDataSeries({gardees.data(), static_cast<sal_Int32>(gardees.size())});
+        // The last type stays, empty: a chart without any has no axes.
+        if (gardees.empty() && reste > 1) {
             types->removeChartType(type);
-        return;
+            --reste;
+        }
     }
 }
 
@@ -450,11 +458,20 @@ SerieGraphique Graphique::nouvelleSerie(TypeSerie type, int groupeAxes)
 
 void Graphique::supprimerSeries(const QVector<int> &numeros)
 {
-    QVector<SerieGraphique> series;
-    for (const int numero : numeros)
-        series.append(serie(numero));
-    for (SerieGraphique &serie : series)
-        serie.supprimer();
+    std::vector<std::shared_ptr<SerieGraphique::Donnees>> otees;
+    for (const int numero : numeros) {
+        serie(numero); // an Erreur where there is none
+        otees.push_back(m_donnees->series[static_cast<size_t>(numero - 1)]);
+    }
+    m_donnees->appeler([&] {
+        m_donnees->oter(otees);
+        const auto disparue = [&otees](const auto &une) {
+            return std::find(otees.begin(), otees.end(), une) != otees.end();
+        };
+        auto &series = m_donnees->series;
+        series.erase(std::remove_if(series.begin(), series.end(), disparue), series.end());
+        m_donnees->oublierAxeVide();
+    });
 }
 
 bool Graphique::aAxeSecondaire() const

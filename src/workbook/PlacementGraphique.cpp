@@ -173,10 +173,8 @@ Graphique Feuille::ajouterGraphique(const QString &nom, const CadreDessin &cadre
                 forme = dessin;
         }
         auto donnees = std::make_shared<Graphique::Donnees>(m_donnees, nom, forme, modele(forme), rang);
-        const auto series = donnees->series;
+        donnees->oter(donnees->series);
         donnees->series.clear();
-        for (const auto &serie : series)
-            donnees->oter(*serie);
 
         const Reference<css::beans::XPropertySet> coin(m_donnees->objet()->getCellByPosition(colonne, ligne),
                                                        UNO_QUERY_THROW);

@@ -217,7 +217,7 @@ void SerieGraphique::changerType(TypeSerie type)
     if (m_donnees->type == type)
         return;
     m_graphique->appeler([&] {
-        m_graphique->oter(*m_donnees);
+        m_graphique->oter({m_donnees});
         m_donnees->type = type;
         m_graphique->ranger(*m_donnees);
     });
@@ -233,7 +233,7 @@ void SerieGraphique::changerGroupeAxes(int groupe)
     if (m_donnees->groupe == groupe)
         return;
     m_graphique->appeler([&] {
-        m_graphique->oter(*m_donnees);
+        m_graphique->oter({m_donnees});
         m_donnees->groupe = groupe;
         m_graphique->ranger(*m_donnees);
         m_graphique->oublierAxeVide();
@@ -431,7 +431,7 @@ void SerieGraphique::supprimer()
         const auto place = std::find(series.begin(), series.end(), m_donnees);
         if (place == series.end())
             return;
-        m_graphique->oter(*m_donnees);
+        m_graphique->oter({m_donnees});
         series.erase(place);
         m_graphique->oublierAxeVide();
     });
