@@ -5,18 +5,20 @@
 #include "ui_F_Choix.h"
 #include "widgets/LectureSeule.h"
 
+#include <QScopedValueRollback>
+
 F_Choix::F_Choix(Session &session, Cadre &cadre, const QString &libelleAction, const QString &element,
                  OuvrirFiche fiche)
     : EcranReprise(session, cadre), m_ui(std::make_unique<Ui::F_Choix>()), m_fiche(std::move(fiche))
 {
     m_ui->setupUi(this);
     preparer(m_ui->cmd_continuer, nullptr);
+    LectureSeule::appliquer(m_ui->txt_element);
+    Vider_Choix();
     m_ui->lbl_ligne->setText(emplacement());
     m_ui->lbl_action->setText(libelleAction);
     m_ui->txt_element->setText(element);
     m_ui->txt_element->setCursorPosition(0);
-    LectureSeule::appliquer(m_ui->txt_element);
-    permettreAjout(true);
 
     connect(m_ui->cmd_ajouter, &QPushButton::clicked, this, &F_Choix::cmd_ajouter_Click);
     connect(m_ui->cmd_corriger, &QPushButton::clicked, this, &F_Choix::cmd_corriger_Click);
@@ -25,6 +27,18 @@ F_Choix::F_Choix(Session &session, Cadre &cadre, const QString &libelleAction, c
 }
 
 F_Choix::~F_Choix() = default;
+
+void F_Choix::Vider_Choix()
+{
+    const QScopedValueRollback vider(session().ViderEnCours, true);
+    m_ui->lbl_ligne->clear();
+    m_ui->lbl_action->clear();
+    m_ui->txt_element->clear();
+    m_ui->cmd_continuer->setEnabled(false);
+    m_ui->cmd_ignorer->setEnabled(true);
+    m_ui->cmd_corriger->setEnabled(true);
+    permettreAjout(true);
+}
 
 void F_Choix::AfficherChoix(int mode)
 {

@@ -21,6 +21,8 @@ public:
             OuvrirFiche fiche);
     ~F_Choix() override;
 
+    // Takes away what an element left: its texts and the state of the buttons.
+    void Vider_Choix();
     // 1: the element is empty; 2: it is unknown; 5: a unit is unknown for the parameter named by `libelleAction`.
     void AfficherChoix(int mode);
 
