@@ -44,9 +44,9 @@ QList<QByteArray> bases()
     QList<QByteArray> liste;
     for (const char *nom : {"ancien.mdb", "v400.mdb", "regional.mdb"})
         liste << contenu(QStringLiteral(DONNEES_TESTS "/bases/") + QLatin1String(nom));
-    // A file of Access 97, where there is one beside the checkout.
-    const QByteArray autre = contenu(
-        QDir::cleanPath(QStringLiteral(DONNEES_TESTS "/../../../shared/donnees/bases/autre_base_97.mdb")));
+    // A file of Access 97, where there is one.
+    const QByteArray autre =
+        contenu(qEnvironmentVariable("OVRALIS_BASES_VOISINES") + QStringLiteral("/autre_base_97.mdb"));
     if (!autre.isEmpty())
         liste << autre;
     return liste;

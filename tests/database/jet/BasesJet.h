@@ -14,11 +14,12 @@ inline QString chemin(const QString &nom)
     return QStringLiteral(DONNEES_TESTS "/bases/") + nom;
 }
 
-// A real Access 97 base, which is not ours to hand on: looked for beside the checkout, empty where it is absent.
+// A real Access 97 base, which is not ours to hand on: in the folder that OVRALIS_BASES_VOISINES names, empty where it is
+// absent.
 inline QString autreBase97()
 {
     const QString voisin =
-        QDir::cleanPath(QStringLiteral(DONNEES_TESTS "/../../../shared/donnees/bases/autre_base_97.mdb"));
+        qEnvironmentVariable("OVRALIS_BASES_VOISINES") + QStringLiteral("/autre_base_97.mdb");
     return QFileInfo::exists(voisin) ? voisin : QString();
 }
 

@@ -327,7 +327,7 @@ void TestConversionJet::autreBase97()
 {
     const QString original = BasesJet::autreBase97();
     if (original.isEmpty())
-        QSKIP("autre_base_97.mdb n'est pas à côté du dépôt");
+        QSKIP("autre_base_97.mdb n'est pas là (OVRALIS_BASES_VOISINES)");
     const QString chemin = copie(original);
     OuvertureDEssai essai;
     QVERIFY(!essai.ouvrir(chemin));
@@ -343,7 +343,7 @@ void TestConversionJet::toutesLesTables97()
 {
     const QString original = BasesJet::autreBase97();
     if (original.isEmpty())
-        QSKIP("autre_base_97.mdb n'est pas à côté du dépôt");
+        QSKIP("autre_base_97.mdb n'est pas là (OVRALIS_BASES_VOISINES)");
     const QString magasin = m_dossier->filePath("magasin.mdb");
     LecteurJet lecteur(original);
     QVERIFY(!ConversionJet::estUneEtude(lecteur));

@@ -149,7 +149,7 @@ void TestLecteurJet::toutesLesValeurs()
 {
     QFETCH(QString, base);
     if (base.isEmpty())
-        QSKIP("autre_base_97.mdb n'est pas à côté du dépôt");
+        QSKIP("autre_base_97.mdb n'est pas là (OVRALIS_BASES_VOISINES)");
 
     LecteurJet lecteur(base);
     QHash<QString, QList<QList<QVariant>>> lues;

@@ -12,11 +12,11 @@ mkdir -p "$racine/Projet/Base"
 cp "$bases"/*.mdb "$racine/Projet/Base/"
 chmod 644 "$racine/Projet/Base/"*.mdb
 # A real base of Access 97, which is not handed on with the sources.
-autre=$ici/../../../../shared/donnees/bases/autre_base_97.mdb
+autre=${OVRALIS_BASES_VOISINES:-}/autre_base_97.mdb
 if [ -e "$autre" ]; then
     cp "$autre" "$racine/Projet/Base/" && chmod 644 "$racine/Projet/Base/autre_base_97.mdb"
 elif grep -q autre_base_97 "$scenario"; then
-    echo "autre_base_97.mdb is not beside the checkout: skipped"
+    echo "OVRALIS_BASES_VOISINES holds no autre_base_97.mdb: skipped"
     exit 77
 fi
 "$pilote" --racine "$racine" --captures "$captures" "$scenario"
