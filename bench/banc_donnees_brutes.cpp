@@ -7,15 +7,17 @@
 #include "analysis/ModeleDonneesBrutes.h"
 #include "analysis/OrdreDonneesBrutes.h"
 #include "database/DataEnvironment1.h"
-#include "platform/Erreur.h"
+#include "OutilsBanc.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <QApplication>
-#include <QElapsedTimer>
-#include <QProcess>
 #include <QScrollBar>
 #include <QTemporaryDir>
+
+using OutilsBanc::chronometrer;
+using OutilsBanc::creerBase;
+using OutilsBanc::mediane;
 
 namespace
 {
@@ -28,20 +30,6 @@ struct Attente {
     bool operator<(const Attente &autre) const { return totale < autre.totale; }
 };
 
-template <typename T> T mediane(QList<T> durees)
-{
-    std::sort(durees.begin(), durees.end());
-    return durees[durees.size() / 2];
-}
-
-double chronometrer(const std::function<void()> &travail)
-{
-    QElapsedTimer chrono;
-    chrono.start();
-    travail();
-    return static_cast<double>(chrono.nsecsElapsed()) / 1e6;
-}
-
 void compter(Attente &attente, double duree)
 {
     attente.totale += duree;
@@ -53,18 +41,6 @@ template <typename Lecture> void parTranches(Lecture &lecture, Attente &attente)
     bool encore = true;
     while (encore)
         compter(attente, chronometrer([&] { encore = lecture.avancer(TRANCHE_MS); }));
-}
-
-void creerBase(const QString &fichier, int resultats)
-{
-    QProcess creation;
-    creation.setProcessChannelMode(QProcess::ForwardedChannels);
-    creation.start(QStringLiteral(DOSSIER_CONSTRUCTION "/bin/creer_bases"),
-                   {QStringLiteral("--donnees"), QStringLiteral(DOSSIER_SOURCES "/donnees"),
-                    QStringLiteral("resultats"), QString::number(resultats), fichier});
-    if (!creation.waitForFinished(-1) || creation.exitStatus() != QProcess::NormalExit ||
-        creation.exitCode() != 0)
-        throw Erreur(0, QStringLiteral("creer_bases: ") + creation.errorString());
 }
 
 class Banc

@@ -5,16 +5,13 @@
 // All are timed in turn, so that a busy machine slows them alike; the ratios of the medians and of the minima are given.
 #include "analysis/EvolutionPC.h"
 #include "BaseDEssai.h"
-#include "DialogueDEssai.h"
-#include "platform/Chemins.h"
-#include "platform/Erreur.h"
-#include "workbook/CoursRapport.h"
+#include "CommandeAuBanc.h"
+#include "OutilsBanc.h"
 
 #include <cstdio>
 #include <QCoreApplication>
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
+
+using OutilsBanc::chronometrer;
 
 namespace
 {
@@ -22,14 +19,6 @@ constexpr int TOURS = 15;
 constexpr int MESURES = 500;
 constexpr int JOURS = 3650;
 const QDate DEBUT(2008, 1, 1);
-
-double chronometrer(const std::function<void()> &travail)
-{
-    QElapsedTimer chrono;
-    chrono.start();
-    travail();
-    return static_cast<double>(chrono.nsecsElapsed()) / 1e6;
-}
 
 DemandeEvolution demande(bool tout)
 {
@@ -70,14 +59,7 @@ void remplir(const BaseDEssai &base)
 class Banc
 {
 public:
-    Banc()
-    {
-        Chemins::definirRacine(m_racine.path());
-        QDir(m_racine.path()).mkpath(QStringLiteral("Projet/Modèles"));
-        QFile::copy(QStringLiteral(DOSSIER_CONSTRUCTION "/installation/Projet/Modèles/Modele_concentr.xls"),
-                    m_modele);
-        remplir(m_base);
-    }
+    Banc() { remplir(m_base); }
 
     void mesurer()
     {
@@ -85,7 +67,7 @@ public:
         QList<double> simples;
         QList<double> complets;
         for (int tour = -3; tour < TOURS; ++tour) { // the first ones warm everything up
-            const double seul = chronometrer([this] { modeleSeul(); });
+            const double seul = chronometrer([this] { m_commande.modeleSeul(); });
             const double simple = chronometrer([this] { tracer(demande(false)); });
             const double complet = chronometrer([this] { tracer(demande(true)); });
             if (tour < 0)
@@ -110,31 +92,14 @@ private:
                     seul, quoi, entier, entier / seul, entiers.first() / seuls.first());
     }
 
-    // Opening, saving and closing the template.
-    void modeleSeul()
-    {
-        const auto classeur = m_tableur.ouvrir(m_modele);
-        classeur->enregistrerSous(m_sortie);
-        classeur->fermer();
-    }
-
     void tracer(const DemandeEvolution &voulue)
     {
-        m_dialogue.fichiers.enqueue(m_sortie);
-        CoursRapport cours(m_dialogue, m_tableur, m_dossiers, m_etat);
-        if (!cours.executer(M_Concentration_OVRA::commandeGraphique(voulue, m_base.donnees, m_dialogue)))
-            throw Erreur(0, m_dialogue.messages.isEmpty() ? QString() : m_dialogue.messages.last().texte);
-        m_dialogue.messages.clear();
+        m_commande.executer(
+            M_Concentration_OVRA::commandeGraphique(voulue, m_base.donnees, m_commande.dialogue()));
     }
 
-    QTemporaryDir m_racine;
-    QString m_modele = m_racine.filePath(QStringLiteral("Projet/Modèles/Modele_concentr.xls"));
-    QString m_sortie = m_racine.filePath(QStringLiteral("graphique_produit.xls"));
+    CommandeAuBanc m_commande{QStringLiteral("Modele_concentr.xls")};
     BaseDEssai m_base;
-    Tableur m_tableur;
-    DialogueDEssai m_dialogue;
-    DossiersRecents m_dossiers;
-    EtatRapport m_etat;
 };
 } // namespace
 

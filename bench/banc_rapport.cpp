@@ -6,37 +6,20 @@
 // Each figure is the median of interleaved runs, so that a busy machine slows both sides alike.
 #include "analysis/LectureRapportPC.h"
 #include "analysis/M_Concentration_OVRA.h"
+#include "CommandeAuBanc.h"
 #include "database/DataEnvironment1.h"
-#include "DialogueDEssai.h"
-#include "platform/Chemins.h"
-#include "platform/Erreur.h"
-#include "workbook/CoursRapport.h"
+#include "OutilsBanc.h"
 
 #include <cstdio>
 #include <QCoreApplication>
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
+
+using OutilsBanc::chronometrer;
+using OutilsBanc::creerBase;
+using OutilsBanc::mediane;
 
 namespace
 {
 constexpr int TOURS = 21;
-
-double mediane(QList<double> durees)
-{
-    std::sort(durees.begin(), durees.end());
-    return durees[durees.size() / 2];
-}
-
-double chronometrer(const std::function<void()> &travail)
-{
-    QElapsedTimer chrono;
-    chrono.start();
-    travail();
-    return static_cast<double>(chrono.nsecsElapsed()) / 1e6;
-}
 
 // Ten years of monthly nitrates with their flows: the station that is the same in every base.
 DemandeRapport demande()
@@ -51,31 +34,15 @@ DemandeRapport demande()
     return d;
 }
 
-void creerBase(const QString &fichier, int resultats)
-{
-    QProcess creation;
-    creation.setProcessChannelMode(QProcess::ForwardedChannels);
-    creation.start(QStringLiteral(DOSSIER_CONSTRUCTION "/bin/creer_bases"),
-                   {QStringLiteral("--donnees"), QStringLiteral(DOSSIER_SOURCES "/donnees"),
-                    QStringLiteral("resultats"), QString::number(resultats), fichier});
-    if (!creation.waitForFinished(-1) || creation.exitStatus() != QProcess::NormalExit ||
-        creation.exitCode() != 0)
-        throw Erreur(0, QStringLiteral("creer_bases: ") + creation.errorString());
-}
-
 class Banc
 {
 public:
     Banc()
     {
-        Chemins::definirRacine(m_racine.path());
-        QDir(m_racine.path()).mkpath(QStringLiteral("Projet/Modèles"));
-        QFile::copy(QStringLiteral(DOSSIER_CONSTRUCTION "/installation/Projet/Modèles/rapport.xls"),
-                    m_modele);
-        creerBase(m_racine.filePath(QStringLiteral("petite.mdb")), 10'000);
-        creerBase(m_racine.filePath(QStringLiteral("grande.mdb")), 1'000'000);
-        m_petite.ouvrir(m_racine.filePath(QStringLiteral("petite.mdb")));
-        m_grande.ouvrir(m_racine.filePath(QStringLiteral("grande.mdb")));
+        creerBase(m_commande.fichier(QStringLiteral("petite.mdb")), 10'000);
+        creerBase(m_commande.fichier(QStringLiteral("grande.mdb")), 1'000'000);
+        m_petite.ouvrir(m_commande.fichier(QStringLiteral("petite.mdb")));
+        m_grande.ouvrir(m_commande.fichier(QStringLiteral("grande.mdb")));
     }
 
     void mesurer()
@@ -87,7 +54,7 @@ public:
         QList<double> petites;
         QList<double> grandes;
         for (int tour = -3; tour < TOURS; ++tour) { // the first ones warm everything up
-            const double seul = chronometrer([this] { modeleSeul(); });
+            const double seul = chronometrer([this] { m_commande.modeleSeul(); });
             const double petite = command(m_petite);
             const double grande = command(m_grande);
             if (tour < 0)
@@ -105,32 +72,14 @@ public:
     }
 
 private:
-    // Opening, saving and closing the template.
-    void modeleSeul()
-    {
-        const auto classeur = m_tableur.ouvrir(m_modele);
-        classeur->enregistrerSous(m_sortie);
-        classeur->fermer();
-    }
-
     void editer(DataEnvironment1 &donnees)
     {
-        m_dialogue.fichiers.enqueue(m_sortie);
-        CoursRapport cours(m_dialogue, m_tableur, m_dossiers, m_etat);
-        if (!cours.executer(M_Concentration_OVRA::commandeRapport(demande(), donnees, m_dialogue)))
-            throw Erreur(0, m_dialogue.messages.isEmpty() ? QString() : m_dialogue.messages.last().texte);
-        m_dialogue.messages.clear();
+        m_commande.executer(M_Concentration_OVRA::commandeRapport(demande(), donnees, m_commande.dialogue()));
     }
 
-    QTemporaryDir m_racine;
-    QString m_modele = m_racine.filePath(QStringLiteral("Projet/Modèles/rapport.xls"));
-    QString m_sortie = m_racine.filePath(QStringLiteral("rapport_produit.xls"));
+    CommandeAuBanc m_commande{QStringLiteral("rapport.xls")};
     DataEnvironment1 m_petite;
     DataEnvironment1 m_grande;
-    Tableur m_tableur;
-    DialogueDEssai m_dialogue;
-    DossiersRecents m_dossiers;
-    EtatRapport m_etat;
 };
 } // namespace
 
