@@ -114,7 +114,7 @@ private:
     {
         BoiteTexte zone = m_feuille.ajouterZoneTexte(m_description.texte, cadreTexte());
         zone.ecrire(QStringLiteral("Titre"));
-        zone.police(POLICE, TAILLE_TEXTE);
+        zone.police({POLICE, TAILLE_TEXTE});
         zone.couleurPolice(Teinte::index(COULEUR_TEXTE));
         zone.alignement(Alignement::Centre);
         zone.alignement(Alignement::Milieu);

@@ -4,7 +4,8 @@
 {"feuilles": {NAME: {"cellules": {"A1": CELL}, "fusions": ["B2:C3"], "sauts": [ROW],
                     "hauteurs": {"1": POINTS}}},
  "noms": {NAME: "Feuille!A1:B2"}}
-CELL: "type" (vide, texte, nombre, date, booleen, erreur), "valeur" (a date as ISO text), "format", "fond" ("#RRGGBB" or
+CELL: "type" (vide, texte, nombre, date, booleen, erreur), "valeur" (a date as ISO text), "ecrite" (whether the file
+has a record of it), "format", "fond" ("#RRGGBB" or
 null), "index_fond" (the ColorIndex, 1 to 56, or null), "police" {gras, italique, taille, nom, couleur}, "alignement"
 {horizontal, vertical, rotation, renvoi}, "bords" {gauche, droite, haut, bas, diagonale: style numbers}, "diagonales".
 """
@@ -48,7 +49,7 @@ def decrire(classeur, cellule):
     plein = xf.background.fill_pattern == 1
     index = xf.background.pattern_colour_index
     return {
-        "type": genre, "valeur": lue, "format": classeur.format_map[xf.format_key].format_str,
+        "type": genre, "valeur": lue, "ecrite": cellule.ctype != 0, "format": classeur.format_map[xf.format_key].format_str,
         "fond": rvb(classeur, index) if plein else None,
         "index_fond": index - 7 if plein and 8 <= index < 64 else None,
         "police": {"gras": police.weight >= 700, "italique": bool(police.italic), "taille": police.height / 20,

@@ -128,13 +128,20 @@ void ecrireEnTete(Feuille &feuille, const DemandeEvolution &demande, const Evolu
     cellule(LIGNE_ENTETE, ENTETE_RESEAUX) = texteOuVide(demande.nomsReseaux.join(QStringLiteral(", ")));
 
     // Codes keep their leading zeros whatever the template holds there.
-    for (const int colonne : {ENTETE_STATION, ENTETE_DEBIT, ENTETE_PLUIE})
+    const auto texte = [&feuille](int colonne) {
         feuille.cellule(LIGNE_ENTETE, colonne).formatNombre(QStringLiteral("@"));
+    };
+    texte(ENTETE_STATION);
+    if (evolution.avecDebit)
+        texte(ENTETE_DEBIT);
+    if (evolution.avecPluie)
+        texte(ENTETE_PLUIE);
     feuille.plage(LIGNE_ENTETE, 1, LIGNE_ENTETE_SECONDE, ENTETE_RESEAUX).ecrire(valeurs);
 }
-// The columns from `premiere` on, of all rows.
-void ecrireColonnes(Feuille &feuille, const QList<LigneEvolution> &lignes, int premiere, int nombre,
-                    const std::function<void(QVector<QVariant> &, const LigneEvolution &)> &remplir)
+
+// Columns side by side, of all rows; the first is `premiere`.
+BlocPlace colonnes(const QList<LigneEvolution> &lignes, int premiere, int nombre,
+                   const std::function<void(QVector<QVariant> &, const LigneEvolution &)> &remplir)
 {
     Valeurs valeurs;
     valeurs.reserve(lignes.size());
@@ -143,35 +150,10 @@ void ecrireColonnes(Feuille &feuille, const QList<LigneEvolution> &lignes, int p
         remplir(rangee, ligne);
         valeurs.append(rangee);
     }
-    feuille
-        .plage(PREMIERE_LIGNE, premiere, PREMIERE_LIGNE + static_cast<int>(lignes.size()) - 1,
-               premiere + nombre - 1)
-        .ecrireContenu(valeurs);
+    return {PREMIERE_LIGNE, premiere, BlocValeurs(valeurs)};
 }
 
-// Dates and curves, flows and rain, remark codes: only the columns that hold something.
-void ecrireMesures(Feuille &feuille, const Evolution &evolution)
-{
-    const int courbes = static_cast<int>(evolution.enTete.courbes.size());
-    const QList<LigneEvolution> &lignes = evolution.lignes;
-    ecrireColonnes(feuille, lignes, COLONNE_DATE, 1 + courbes, [courbes](auto &rangee, const auto &ligne) {
-        rangee[0] = ligne.date;
-        for (int courbe = 0; courbe < courbes; ++courbe)
-            rangee[1 + courbe] = celluleOuVide(ligne.valeurs[static_cast<size_t>(courbe)]);
-    });
-    ecrireColonnes(feuille, lignes, COLONNE_CODE, courbes, [courbes](auto &rangee, const auto &ligne) {
-        for (int courbe = 0; courbe < courbes; ++courbe)
-            rangee[courbe] = codeRemarque(ligne.codes[static_cast<size_t>(courbe)]);
-    });
-    if (evolution.avecDebit)
-        ecrireColonnes(feuille, lignes, COLONNE_DEBIT, 1,
-                       [](auto &rangee, const auto &ligne) { rangee[0] = celluleOuVide(ligne.debit); });
-    if (evolution.avecPluie)
-        ecrireColonnes(feuille, lignes, COLONNE_PLUIE, 1,
-                       [](auto &rangee, const auto &ligne) { rangee[0] = celluleOuVide(ligne.pluie); });
-}
-
-// A level is the same on every row: all are written once, and copied down by the application with what lies between them.
+// A level is the same on every row: all are written some times, and copied down by the application with what lies between them.
 void ecrireNiveaux(Feuille &feuille, const QVector<QVariant> &niveaux, int derniere)
 {
     const auto present = [](const QVariant &niveau) { return niveau.isValid(); };
@@ -181,24 +163,50 @@ void ecrireNiveaux(Feuille &feuille, const QVector<QVariant> &niveaux, int derni
     const auto dernier = std::find_if(niveaux.crbegin(), niveaux.crend(), present).base();
     const int gauche = 1 + static_cast<int>(premier - niveaux.cbegin());
     const int droite = static_cast<int>(dernier - niveaux.cbegin());
-    feuille.plage(PREMIERE_LIGNE, gauche, PREMIERE_LIGNE, droite)
-        .ecrireContenu(Valeurs{niveaux.mid(gauche - 1, droite - gauche + 1)});
-    recopierVersLeBas(feuille.plage(PREMIERE_LIGNE, gauche, derniere, droite));
+    constexpr int CELLULES_ECRITES = 500; // fewer would only make for more messages
+    const int ecrites = qMin(CELLULES_ECRITES / (droite - gauche + 1), derniere - PREMIERE_LIGNE + 1);
+    feuille.plage(PREMIERE_LIGNE, gauche, PREMIERE_LIGNE + ecrites - 1, droite)
+        .ecrireContenu(Valeurs(ecrites, niveaux.mid(gauche - 1, droite - gauche + 1)));
+    recopierVersLeBas(feuille.plage(PREMIERE_LIGNE, gauche, derniere, droite), ecrites);
 }
 } // namespace
 
-void ecrireEvolution(Feuille &feuille, const DemandeEvolution &demande, const Evolution &evolution)
+QVector<BlocPlace> preparerMesures(const Evolution &evolution)
+{
+    const int courbes = static_cast<int>(evolution.enTete.courbes.size());
+    const QList<LigneEvolution> &lignes = evolution.lignes;
+    QVector<BlocPlace> pretes;
+    pretes << colonnes(lignes, COLONNE_DATE, 1 + courbes, [courbes](auto &rangee, const auto &ligne) {
+        rangee[0] = ligne.date;
+        for (int courbe = 0; courbe < courbes; ++courbe)
+            rangee[1 + courbe] = celluleOuVide(ligne.valeurs[static_cast<size_t>(courbe)]);
+    });
+    pretes << colonnes(lignes, COLONNE_CODE, courbes, [courbes](auto &rangee, const auto &ligne) {
+        for (int courbe = 0; courbe < courbes; ++courbe)
+            rangee[courbe] = codeRemarque(ligne.codes[static_cast<size_t>(courbe)]);
+    });
+    if (evolution.avecDebit)
+        pretes << colonnes(lignes, COLONNE_DEBIT, 1,
+                           [](auto &rangee, const auto &ligne) { rangee[0] = celluleOuVide(ligne.debit); });
+    if (evolution.avecPluie)
+        pretes << colonnes(lignes, COLONNE_PLUIE, 1,
+                           [](auto &rangee, const auto &ligne) { rangee[0] = celluleOuVide(ligne.pluie); });
+    return pretes;
+}
+
+void ecrireEvolution(Feuille &feuille, const DemandeEvolution &demande, const Evolution &evolution,
+                     const QVector<BlocPlace> &mesures)
 {
     ecrireEnTete(feuille, demande, evolution);
+    const int derniere = PREMIERE_LIGNE + static_cast<int>(evolution.lignes.size()) - 1;
     const QVector<QVariant> constantes = niveaux(demande, evolution);
     feuille.plage(LIGNE_INTITULES, COLONNE_DATE, LIGNE_INTITULES, DERNIERE_COLONNE)
         .ecrire(Valeurs{intitules(demande, evolution, constantes)});
-    const int derniere = PREMIERE_LIGNE + static_cast<int>(evolution.lignes.size()) - 1;
     feuille.plage(PREMIERE_LIGNE, COLONNE_DATE, derniere, COLONNE_DATE)
         .formatNombre(QStringLiteral("dd/mm/yyyy"));
     feuille.plage(PREMIERE_LIGNE, COLONNE_COURBE, derniere, COLONNE_COURBE + 1)
         .formatNombre(QStringLiteral("General"));
     // The levels first: flows and rain stand between their columns.
     ecrireNiveaux(feuille, constantes, derniere);
-    ecrireMesures(feuille, evolution);
+    ecrireBlocs(feuille, mesures);
 }

@@ -97,34 +97,51 @@ Evolution composer(const DemandeEvolution &demande, const DataEnvironment1 &donn
     return evolution;
 }
 
-// Reads, fills the sheet and wires the chart; nothing where there is no measure.
-std::optional<Evolution> tracer(const DemandeEvolution &demande, const DataEnvironment1 &donnees,
-                                Dialogue &dialogue, Classeur &classeur, RappelFraction rappel)
+// All that wants no workbook.
+struct Preparation {
+    Evolution evolution;
+    QVector<BlocPlace> mesures;
+};
+
+Preparation preparer(const DemandeEvolution &demande, const DataEnvironment1 &donnees, Dialogue &dialogue)
 {
     Progression &avancement = dialogue.progression(FenetreProgression::Principale);
     avancement.montrer({}, QStringLiteral("Création du graphique sous Excel"));
     avancement.maximum(0);
+    auto echec = qScopeGuard([&avancement] { avancement.cacher(); });
+
+    Preparation prete;
+    prete.evolution = composer(demande, donnees, lireEnTeteEvolution(donnees, demande), avancement);
+    prete.mesures = preparerMesures(prete.evolution);
+    echec.dismiss();
+    return prete;
+}
+
+// Fills the sheet, wires the chart and clears the progress that was shown; false where there is no measure.
+bool tracer(const DemandeEvolution &demande, const Preparation &prete, Dialogue &dialogue, Classeur &classeur,
+            RappelFraction rappel)
+{
+    const Evolution &evolution = prete.evolution;
+    Progression &avancement = dialogue.progression(FenetreProgression::Principale);
     const auto fin = qScopeGuard([&avancement] { avancement.cacher(); });
 
-    const EnTeteEvolution enTete = lireEnTeteEvolution(donnees, demande);
-    if (rappel == RappelFraction::Oui && carboneSansFraction(enTete))
+    if (rappel == RappelFraction::Oui && carboneSansFraction(evolution.enTete))
         avertir(
             dialogue,
             QStringLiteral("Vous n'avez pas sélectionné de fraction pour le paramètre Carbone Organique."),
             QStringLiteral("Attention !"));
-    Evolution evolution = composer(demande, donnees, enTete, avancement);
     if (evolution.mesures() == 0)
-        return std::nullopt;
+        return false;
 
     classeur.figerHauteurs();
     Feuille feuille = classeur.feuille(DispositionEvolution::FEUILLE.toString());
-    ecrireEvolution(feuille, demande, evolution);
+    ecrireEvolution(feuille, demande, evolution, prete.mesures);
     if (demande.echelleMaximale && evolution.maximum > *demande.echelleMaximale)
         avertir(dialogue, TexteEvolution::echelleTropPetite(evolution.maximum),
                 QStringLiteral("Attention !"));
     avancement.libelle(QStringLiteral("Création du graphique"));
     cablerGraphiqueEvolution(feuille, decrireGraphique(demande, evolution));
-    return evolution;
+    return true;
 }
 
 // The report's request: that of the chart's only curve.
@@ -140,8 +157,9 @@ DemandeRapport demandeRapport(const DemandeEvolution &demande)
 int M_Concentration_OVRA::TracerEvolution(const DemandeEvolution &demande, const DataEnvironment1 &donnees,
                                           Dialogue &dialogue, Classeur &classeur, RappelFraction rappel)
 {
-    const std::optional<Evolution> evolution = tracer(demande, donnees, dialogue, classeur, rappel);
-    return evolution ? evolution->mesures() : 0;
+    const Preparation prete = preparer(demande, donnees, dialogue);
+    tracer(demande, prete, dialogue, classeur, rappel);
+    return prete.evolution.mesures();
 }
 
 CommandeRapport M_Concentration_OVRA::commandeGraphique(const DemandeEvolution &demande,
@@ -151,8 +169,13 @@ CommandeRapport M_Concentration_OVRA::commandeGraphique(const DemandeEvolution &
     commande.modele = QStringLiteral("Modele_concentr.xls");
     commande.fin = FinRapport::Graphique;
     commande.avertissementVide = aucuneMesure();
-    commande.remplir = [demande, &donnees, &dialogue](Classeur &classeur) {
-        return TracerEvolution(demande, donnees, dialogue, classeur);
+    const auto prete = std::make_shared<Preparation>();
+    commande.preparer = [demande, prete, &donnees, &dialogue] {
+        *prete = preparer(demande, donnees, dialogue);
+    };
+    commande.remplir = [demande, prete, &dialogue](Classeur &classeur) {
+        tracer(demande, *prete, dialogue, classeur, RappelFraction::Oui);
+        return prete->evolution.mesures();
     };
     return commande;
 }
@@ -171,16 +194,15 @@ CommandeRapport M_Concentration_OVRA::commandeGraphiqueEtRapport(const DemandeEv
                     QStringLiteral("Attention"));
             return 0;
         }
-        const std::optional<Evolution> evolution =
-            tracer(demande, donnees, dialogue, classeur, RappelFraction::DejaFait);
+        const Preparation prete = preparer(demande, donnees, dialogue);
         // The report reaches further back than the chart where its first year is widened.
-        if (!evolution) {
+        if (!tracer(demande, prete, dialogue, classeur, RappelFraction::DejaFait)) {
             avertir(dialogue, aucuneMesure(), QStringLiteral("Attention"));
             return 0;
         }
         Feuille synthese = classeur.feuille(DispositionSynthese::FEUILLE.toString());
-        ecrireSynthese(synthese, demande, *evolution);
-        return evolution->mesures();
+        ecrireSynthese(synthese, demande, prete.evolution);
+        return prete.evolution.mesures();
     };
     return commande;
 }

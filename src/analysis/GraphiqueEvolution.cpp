@@ -202,7 +202,7 @@ void cablerGraphiqueEvolution(Feuille &mesures, const DescriptionGraphiqueEvolut
 {
     const QStringList lignes = description.titre + description.figures;
     BoiteTexte texte = mesures.zoneTexte(QStringLiteral("Text Box 1"));
-    texte.ecrire(lignes.join(QLatin1Char('\n')), static_cast<int>(description.titre.size()));
-    texte.police(QStringLiteral("Arial"), taillePour(lignes));
+    texte.ecrire(lignes.join(QLatin1Char('\n')), static_cast<int>(description.titre.size()),
+                 BoiteTexte::Police{QStringLiteral("Arial"), taillePour(lignes)});
     Cablage(mesures, description).cabler();
 }

@@ -5,8 +5,6 @@
 #include <com/sun/star/chart/ChartAxisLabelPosition.hpp>
 #include <com/sun/star/chart/ChartAxisPosition.hpp>
 #include <com/sun/star/chart2/AxisType.hpp>
-#include <com/sun/star/chart2/LinearScaling.hpp>
-#include <com/sun/star/chart2/LogarithmicScaling.hpp>
 #include <com/sun/star/chart2/SubIncrement.hpp>
 #include <com/sun/star/chart2/TickmarkStyle.hpp>
 #include <com/sun/star/chart2/XFormattedString.hpp>
@@ -147,13 +145,10 @@ void AxeGraphique::echelle(const EchelleAxe &echelle)
             parts.IntervalCount <<= static_cast<sal_Int32>(qRound(*echelle.pasMajeur / *echelle.pasMineur));
             voulue.IncrementData.SubIncrements = seule(parts);
         }
-        const auto &contexte = m_donnees->graphique->feuille->classeur->instance->contexte();
-        if (m_donnees->type == TypeAxe::Valeur) {
-            if (echelle.logarithmique)
-                voulue.Scaling = css::chart2::LogarithmicScaling::create(contexte);
-            else
-                voulue.Scaling = css::chart2::LinearScaling::create(contexte);
-        }
+        if (m_donnees->type == TypeAxe::Valeur && echelle.logarithmique)
+            voulue.Scaling.set(m_donnees->graphique->creer("LogarithmicScaling"), UNO_QUERY_THROW);
+        else if (m_donnees->type == TypeAxe::Valeur)
+            voulue.Scaling = m_donnees->graphique->lineaire();
         m_donnees->placer(voulue);
     });
 }
@@ -219,8 +214,8 @@ void AxeGraphique::formatNombre(const QString &format)
     graphique.retouches->formatCategories = format;
     if (!format.isEmpty())
         m_donnees->appeler([&] {
-            graphique.coin->setPropertyValue("NumberFormat",
-                                             Any(graphique.feuille->classeur->cleFormat(format)));
+            graphique.coin()->setPropertyValue("NumberFormat",
+                                               Any(graphique.feuille->classeur->cleFormat(format)));
         });
 }
 

@@ -5,7 +5,6 @@
 #include <com/sun/star/awt/FontWeight.hpp>
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/drawing/TextVerticalAdjust.hpp>
-#include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/style/ParagraphAdjust.hpp>
 #include <com/sun/star/text/XText.hpp>
@@ -43,26 +42,35 @@ public:
     Reference<css::drawing::XShape> forme;
 };
 
-Reference<css::drawing::XDrawPage> dessinsDe(const Feuille::Donnees &feuille)
-{
-    const Reference<css::drawing::XDrawPagesSupplier> pages(feuille.classeur->ouvert(), UNO_QUERY_THROW);
-    return {pages->getDrawPages()->getByIndex(feuille.rang()), UNO_QUERY_THROW};
-}
-
 namespace
 {
-
 // The drawn object of this name; empty without.
 Reference<css::drawing::XShape> formeNommee(const Feuille::Donnees &feuille, const QString &nom)
 {
-    const auto page = dessinsDe(feuille);
+    const auto &page = feuille.dessins();
     const rtl::OUString voulu = versUno(nom);
-    for (sal_Int32 i = 0; i < page->getCount(); ++i) {
+    const sal_Int32 nombre = page->getCount();
+    for (sal_Int32 i = 0; i < nombre; ++i) {
         const Reference<css::container::XNamed> forme(page->getByIndex(i), UNO_QUERY_THROW);
         if (forme->getName() == voulu)
             return Reference<css::drawing::XShape>(forme, UNO_QUERY_THROW);
     }
     return {};
+}
+
+Reference<css::text::XTextCursor> toutLeTexte(const Reference<css::text::XText> &contenu)
+{
+    auto curseur = contenu->createTextCursor();
+    curseur->gotoStart(false);
+    curseur->gotoEnd(true);
+    return curseur;
+}
+
+Reglages reglagesDe(const BoiteTexte::Police &police)
+{
+    return Reglages()
+        .mettre("CharFontName", versUno(police.nom))
+        .mettre("CharHeight", static_cast<float>(police.points));
 }
 } // namespace
 
@@ -88,7 +96,7 @@ BoiteTexte Feuille::ajouterZoneTexte(const QString &nom, const CadreDessin &cadr
                                                                   UNO_QUERY_THROW);
         const Reference<css::drawing::XShape> nouvelle(
             fabrique->createInstance("com.sun.star.drawing.TextShape"), UNO_QUERY_THROW);
-        dessinsDe(*m_donnees)->add(nouvelle);
+        m_donnees->dessins()->add(nouvelle);
         nouvelle->setPosition({cadre.x, cadre.y});
         nouvelle->setSize({cadre.largeur, cadre.hauteur});
         Reglages().mettre("TextAutoGrowHeight", false).mettre("TextAutoGrowWidth", false).appliquer(nouvelle);
@@ -114,40 +122,33 @@ QString BoiteTexte::texte() const
     });
 }
 
-void BoiteTexte::ecrire(const QString &texte, int lignesEnGras)
+void BoiteTexte::ecrire(const QString &texte, int lignesEnGras, const std::optional<Police> &police)
 {
     m_donnees->appeler([&] {
         const Reference<css::text::XText> contenu(m_donnees->forme, UNO_QUERY_THROW);
+        const auto curseur = toutLeTexte(contenu);
+        const Reference<css::beans::XMultiPropertySet> choisi(curseur, UNO_QUERY_THROW);
+        // Before the text, which takes this look: each change of a long text lays all of it out again.
+        (police ? reglagesDe(*police) : Reglages())
+            .mettre("CharWeight", css::awt::FontWeight::NORMAL)
+            .appliquer(choisi);
         contenu->setString(versUno(texte));
-        const auto mettreGras = [&](float graisse, const Reference<css::text::XTextCursor> &curseur) {
-            Reference<css::beans::XPropertySet>(curseur, UNO_QUERY_THROW)
-                ->setPropertyValue("CharWeight", Any(graisse));
-        };
-        const auto curseur = contenu->createTextCursor();
-        curseur->gotoStart(false);
-        curseur->gotoEnd(true);
-        mettreGras(css::awt::FontWeight::NORMAL, curseur);
-        if (lignesEnGras <= 0)
-            return;
-        const qsizetype longueur = texte.section(QLatin1Char('\n'), 0, lignesEnGras - 1).size();
-        curseur->gotoStart(false);
-        curseur->goRight(static_cast<sal_Int16>(qMin<qsizetype>(longueur, 32'767)), true);
-        mettreGras(css::awt::FontWeight::BOLD, curseur);
+        if (lignesEnGras > 0) {
+            const qsizetype longueur = texte.section(QLatin1Char('\n'), 0, lignesEnGras - 1).size();
+            curseur->gotoStart(false);
+            curseur->goRight(static_cast<sal_Int16>(qMin<qsizetype>(longueur, 32'767)), true);
+            Reglages().mettre("CharWeight", css::awt::FontWeight::BOLD).appliquer(choisi);
+        }
     });
 }
 
-void BoiteTexte::police(const QString &nom, double points)
+void BoiteTexte::police(const Police &police)
 {
     // The text that is there has a look of its own, which the box's does not change.
-    const Reglages reglages =
-        Reglages().mettre("CharFontName", versUno(nom)).mettre("CharHeight", static_cast<float>(points));
     m_donnees->appeler([&] {
-        const auto curseur =
-            Reference<css::text::XText>(m_donnees->forme, UNO_QUERY_THROW)->createTextCursor();
-        curseur->gotoStart(false);
-        curseur->gotoEnd(true);
-        reglages.appliquer(curseur);
-        reglages.appliquer(m_donnees->forme);
+        reglagesDe(police).appliquer(
+            toutLeTexte(Reference<css::text::XText>(m_donnees->forme, UNO_QUERY_THROW)));
+        reglagesDe(police).appliquer(m_donnees->forme);
     });
 }
 
@@ -223,5 +224,5 @@ void BoiteTexte::placer(const CadreDessin &cadre)
 
 void BoiteTexte::supprimer()
 {
-    m_donnees->appeler([this] { dessinsDe(*m_donnees->feuille)->remove(m_donnees->forme); });
+    m_donnees->appeler([this] { m_donnees->feuille->dessins()->remove(m_donnees->forme); });
 }

@@ -4,6 +4,7 @@
 #include "workbook/StyleGraphique.h"
 
 #include <memory>
+#include <optional>
 
 // A handle, got from Feuille::zoneTexte. Its name outlives the .xls file.
 class BoiteTexte
@@ -14,10 +15,14 @@ public:
 
     QString nom() const;
     QString texte() const;
+    struct Police {
+        QString nom;
+        double points = 0;
+    };
     // Lines are parted by "\n". The text takes the look of the first characters that were there; the first
-    // `lignesEnGras` lines are then bold, the others are not.
-    void ecrire(const QString &texte, int lignesEnGras = 0);
-    void police(const QString &nom, double points);
+    // `lignesEnGras` lines are then bold, the others are not. A font given is that of all of it.
+    void ecrire(const QString &texte, int lignesEnGras = 0, const std::optional<Police> &police = {});
+    void police(const Police &police);
     void couleurPolice(Teinte couleur);
     // Of the lines across the box (Gauche, Centre, Droite), or of the whole in its height (Haut, Milieu, Bas).
     void alignement(Alignement alignement);

@@ -3,6 +3,7 @@
 #include "workbook/DonneesClasseur.h"
 #include "workbook/Enregistrement.h"
 
+#include <com/sun/star/container/NoSuchElementException.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/lang/Locale.hpp>
@@ -42,20 +43,26 @@ const Reference<css::sheet::XSpreadsheetDocument> &Classeur::Donnees::ouvert() c
     return document;
 }
 
+const Reference<css::util::XNumberFormats> &Classeur::Donnees::formats()
+{
+    if (!m_formats.is())
+        m_formats =
+            Reference<css::util::XNumberFormatsSupplier>(document, UNO_QUERY_THROW)->getNumberFormats();
+    return m_formats;
+}
+
 sal_Int32 Classeur::Donnees::cleFormat(const QString &format)
 {
     if (const auto connue = m_cles.constFind(format); connue != m_cles.constEnd())
         return *connue;
-    const Reference<css::util::XNumberFormatsSupplier> fournisseur(document, UNO_QUERY_THROW);
-    const Reference<css::util::XNumberFormats> formats = fournisseur->getNumberFormats();
     // Turned into the instance's own language: a format of another one is marked with that language in the file.
     const css::lang::Locale anglais("en", "US", rtl::OUString());
     const css::lang::Locale sien;
     sal_Int32 cle = -1;
     if (format == QLatin1String("General"))
-        cle = Reference<css::util::XNumberFormatTypes>(formats, UNO_QUERY_THROW)->getStandardIndex(sien);
+        cle = Reference<css::util::XNumberFormatTypes>(formats(), UNO_QUERY_THROW)->getStandardIndex(sien);
     else
-        cle = formats->addNewConverted(versUno(format), anglais, sien);
+        cle = formats()->addNewConverted(versUno(format), anglais, sien);
     m_cles.insert(format, cle);
     return cle;
 }
@@ -64,9 +71,8 @@ sal_Int16 Classeur::Donnees::typeFormat(sal_Int32 cle)
 {
     if (const auto connu = m_types.constFind(cle); connu != m_types.constEnd())
         return *connu;
-    const Reference<css::util::XNumberFormatsSupplier> fournisseur(document, UNO_QUERY_THROW);
     sal_Int16 type = 0;
-    fournisseur->getNumberFormats()->getByKey(cle)->getPropertyValue("Type") >>= type;
+    formats()->getByKey(cle)->getPropertyValue("Type") >>= type;
     m_types.insert(cle, type);
     return type;
 }
@@ -97,13 +103,23 @@ void Classeur::reprendreSous(const QString &cheminHote)
     m_donnees->lectureSeule = false;
 }
 
-void Classeur::enregistrer()
+const QString &Classeur::Donnees::nom() const
 {
-    if (m_donnees->lectureSeule || m_donnees->chemin.isEmpty())
+    if (lectureSeule || chemin.isEmpty())
         throw Erreur(SansNom,
                      QStringLiteral("Ce classeur est ouvert en lecture seule ou n'a pas encore de nom : "
                                     "il ne peut pas être enregistré."));
-    ecrireClasseur(*m_donnees, m_donnees->chemin, filtrePour(m_donnees->chemin));
+    return chemin;
+}
+
+void Classeur::enregistrer()
+{
+    ecrireClasseur(*m_donnees, m_donnees->nom(), filtrePour(m_donnees->nom()));
+}
+
+void Classeur::enregistrerEtFermer()
+{
+    ecrireEtFermer(*m_donnees, m_donnees->nom(), filtrePour(m_donnees->nom()));
 }
 
 void Classeur::exporterPdf(const QString &cheminHote)
@@ -121,12 +137,16 @@ void Classeur::exporterPdf(const QString &cheminHote)
 
 void Classeur::fermer()
 {
-    if (!m_donnees->document.is())
+    m_donnees->fermer();
+}
+
+void Classeur::Donnees::fermer()
+{
+    if (!document.is())
         return;
-    const Reference<css::sheet::XSpreadsheetDocument> document = m_donnees->document;
-    m_donnees->document.clear();
-    m_donnees->instance->appeler(
-        [&document] { Reference<css::util::XCloseable>(document, UNO_QUERY_THROW)->close(true); });
+    const Reference<css::sheet::XSpreadsheetDocument> ferme = document;
+    document.clear();
+    instance->appeler([&ferme] { Reference<css::util::XCloseable>(ferme, UNO_QUERY_THROW)->close(true); });
 }
 
 QString Classeur::chemin() const
@@ -148,11 +168,13 @@ QStringList Classeur::feuilles() const
 Feuille Classeur::feuille(const QString &nom) const
 {
     return m_donnees->instance->appeler([&] {
-        const Reference<css::sheet::XSpreadsheets> toutes = m_donnees->ouvert()->getSheets();
-        if (!toutes->hasByName(versUno(nom)))
+        try {
+            const Reference<css::sheet::XSpreadsheet> trouvee(
+                m_donnees->ouvert()->getSheets()->getByName(versUno(nom)), UNO_QUERY_THROW);
+            return Feuille(std::make_shared<Feuille::Donnees>(m_donnees, trouvee));
+        } catch (const css::container::NoSuchElementException &) {
             throw Erreur(FeuilleAbsente, QStringLiteral("Le classeur n'a pas de feuille « %1 ».").arg(nom));
-        const Reference<css::sheet::XSpreadsheet> trouvee(toutes->getByName(versUno(nom)), UNO_QUERY_THROW);
-        return Feuille(std::make_shared<Feuille::Donnees>(m_donnees, trouvee));
+        }
     });
 }
 
@@ -208,7 +230,7 @@ std::optional<Plage> Classeur::plageNommee(const QString &nom) const
             const Reference<css::sheet::XSpreadsheet> feuille(toutes->getByIndex(lieu.Sheet),
                                                               UNO_QUERY_THROW);
             auto donneesFeuille = std::make_shared<Feuille::Donnees>(m_donnees, feuille);
-            return Plage(std::make_shared<Plage::Donnees>(std::move(donneesFeuille), plage, lieu));
+            return Plage(std::make_shared<Plage::Donnees>(std::move(donneesFeuille), lieu));
         }
         return std::nullopt;
     });

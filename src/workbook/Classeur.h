@@ -27,6 +27,8 @@ public:
     void reprendreSous(const QString &cheminHote);
     // Saves under the name that it bears.
     void enregistrer();
+    // The same, after which it is closed: the end of a report.
+    void enregistrerEtFermer();
     void exporterPdf(const QString &cheminHote);
     void fermer();
 

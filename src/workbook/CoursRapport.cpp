@@ -17,10 +17,10 @@ struct EchecRemplissage {
     QString description;
 };
 
-int remplir(const CommandeRapport &commande, Classeur &classeur)
+template <class F> std::invoke_result_t<F> faireRemplir(F &&partie)
 {
     try {
-        return commande.remplir(classeur);
+        return partie();
     } catch (const ErreurTableur &) {
         throw;
     } catch (const std::exception &e) {
@@ -97,6 +97,24 @@ bool CoursRapport::executer(const CommandeRapport &commande)
     return false;
 }
 
+// The opening comes first in the order of things: where both fail, its failure is told.
+std::unique_ptr<Classeur> CoursRapport::ouvrirEtPreparer(const CommandeRapport &commande,
+                                                         const QString &modele)
+{
+    std::future<std::unique_ptr<Classeur>> ouverture = m_tableur.commencerOuverture(modele);
+    std::exception_ptr echec;
+    try {
+        if (commande.preparer)
+            faireRemplir(commande.preparer);
+    } catch (...) {
+        echec = std::current_exception();
+    }
+    std::unique_ptr<Classeur> classeur = ouverture.get();
+    if (echec)
+        std::rethrow_exception(echec);
+    return classeur;
+}
+
 bool CoursRapport::produire(const CommandeRapport &commande, const QString &chemin)
 {
     const QString modele = Chemins::versHote(QString::fromUtf16(Chemins::MODELES) + commande.modele);
@@ -107,14 +125,14 @@ bool CoursRapport::produire(const CommandeRapport &commande, const QString &chem
 
     m_tableur.definirAttente([this] { m_dialogue.ceder(); });
     const auto finAttente = qScopeGuard([this] { m_tableur.definirAttente({}); });
-    const std::unique_ptr<Classeur> classeur = m_tableur.ouvrir(modele);
+
+    const std::unique_ptr<Classeur> classeur = ouvrirEtPreparer(commande, modele);
     classeur->reprendreSous(chemin);
     // From here on the file is ours: gone with the report unless that ends well.
     auto effacement = qScopeGuard([&chemin] { QFile::remove(chemin); });
 
-    const int mesures = remplir(commande, *classeur);
-    classeur->enregistrer();
-    classeur->fermer();
+    const int mesures = faireRemplir([&] { return commande.remplir(*classeur); });
+    classeur->enregistrerEtFermer();
     m_dialogue.progression(FenetreProgression::Principale).cacher();
     if (mesures == 0) {
         if (!commande.avertissementVide.isEmpty())

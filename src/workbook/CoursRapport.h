@@ -44,6 +44,9 @@ struct CommandeRapport {
     FinRapport fin = FinRapport::Rapport;
     // Replaces the closing message's text, where a product has words of its own.
     QString texteFin;
+    // Reads and computes what the filling wants, without a word to the user, while the application opens the template:
+    // it must not use the application. What it throws ends the report as a failure of the filling. May be empty.
+    std::function<void()> preparer;
     // Fills the workbook, already saved under its name. Returns the number of measures written: 0 means that nothing
     // was, and the command then shows `avertissementVide` under "Attention" (nothing where it is empty) and leaves no
     // file. What it throws ends the report: see below.
@@ -53,7 +56,7 @@ struct CommandeRapport {
 
 // Asks for the output name, opens the template, saves it at once under that name, fills, saves, closes, tells, shows.
 // A cancelled dialog ends it quietly. Otherwise there are three ways to end badly, none of which leaves a file:
-//   - what `remplir` throws as an Erreur: "Une erreur s'est produite en cours de traitement : " and its words;
+//   - what `preparer` or `remplir` throws as an Erreur: "Une erreur s'est produite en cours de traitement : " and its words;
 //   - the spreadsheet absent, unable to start, killed or hung at any moment, filling included, the template missing,
 //     a save refused: "Erreur de l'application"; the reason stays as the main window's status text;
 //   - nothing written: the command's own warning.
@@ -72,6 +75,7 @@ public:
 
 private:
     std::optional<QString> demanderNom();
+    std::unique_ptr<Classeur> ouvrirEtPreparer(const CommandeRapport &commande, const QString &modele);
     bool produire(const CommandeRapport &commande, const QString &chemin);
 
     Dialogue &m_dialogue;

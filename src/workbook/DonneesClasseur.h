@@ -8,11 +8,13 @@
 #include "workbook/Uno.h"
 
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/drawing/XDrawPage.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/table/CellRangeAddress.hpp>
 #include <com/sun/star/table/XCellRange.hpp>
+#include <com/sun/star/util/XNumberFormats.hpp>
 #include <QHash>
 #include <vector>
 
@@ -25,6 +27,9 @@ public:
 
     // The document; an Erreur once it is closed.
     const css::uno::Reference<css::sheet::XSpreadsheetDocument> &ouvert() const;
+    // The path under which it is saved; an Erreur where it has none.
+    const QString &nom() const;
+    void fermer();
     // Key of a number format given in its English form; made when the document lacks it.
     sal_Int32 cleFormat(const QString &format);
     // Type of a format (css::util::NumberFormat flags) by its key.
@@ -50,6 +55,9 @@ public:
     }
 
 private:
+    const css::uno::Reference<css::util::XNumberFormats> &formats();
+
+    css::uno::Reference<css::util::XNumberFormats> m_formats;
     QHash<QString, sal_Int32> m_cles;
     QHash<sal_Int32, sal_Int16> m_types;
 };
@@ -58,15 +66,20 @@ class Feuille::Donnees
 {
 public:
     Donnees(std::shared_ptr<Classeur::Donnees> donneesClasseur,
-            const css::uno::Reference<css::sheet::XSpreadsheet> &objet)
-        : classeur(std::move(donneesClasseur)), m_objet(objet), m_deplacements(classeur->deplacements)
+            const css::uno::Reference<css::sheet::XSpreadsheet> &objet, QString nomFeuille = {})
+        : classeur(std::move(donneesClasseur)), m_objet(objet), m_deplacements(classeur->deplacements),
+          m_nom(std::move(nomFeuille))
     {
     }
 
     std::shared_ptr<Classeur::Donnees> classeur;
     const css::uno::Reference<css::sheet::XSpreadsheet> &objet() const;
+    QString nom() const;
+    void renommer(const QString &nom);
     // Its place among the sheets, from 0: asked once, as sheets are only ever added after the others.
     sal_Int16 rang() const;
+    // Its drawn objects.
+    const css::uno::Reference<css::drawing::XDrawPage> &dessins() const;
     // All calls to the application go through here.
     template <class F> std::invoke_result_t<F> appeler(F &&appels) const
     {
@@ -77,32 +90,35 @@ public:
 private:
     mutable css::uno::Reference<css::sheet::XSpreadsheet> m_objet;
     mutable int m_deplacements;
+    mutable QString m_nom;
     mutable std::optional<sal_Int16> m_rang;
+    mutable css::uno::Reference<css::drawing::XDrawPage> m_dessins;
 };
 
 class Plage::Donnees
 {
 public:
-    Donnees(std::shared_ptr<Feuille::Donnees> feuilleDonnees,
-            const css::uno::Reference<css::table::XCellRange> &cellules,
-            const css::table::CellRangeAddress &lieu)
-        : feuille(std::move(feuilleDonnees)), plage(cellules), adresse(lieu)
+    Donnees(std::shared_ptr<Feuille::Donnees> feuilleDonnees, const css::table::CellRangeAddress &lieu)
+        : feuille(std::move(feuilleDonnees)), adresse(lieu)
     {
     }
+
+    // The application's object, asked for when it is needed: a chart only wants the address.
+    const css::uno::Reference<css::table::XCellRange> &plage() const;
 
     // The same rectangle's part, rows counted from 0 inside it.
     css::uno::Reference<css::table::XCellRange> tranche(int premiereLigne, int derniereLigne) const
     {
         if (premiereLigne == 0 && derniereLigne == adresse.EndRow - adresse.StartRow)
-            return plage;
-        return plage->getCellRangeByPosition(0, premiereLigne, adresse.EndColumn - adresse.StartColumn,
-                                             derniereLigne);
+            return plage();
+        return plage()->getCellRangeByPosition(0, premiereLigne, adresse.EndColumn - adresse.StartColumn,
+                                               derniereLigne);
     }
     // Asked for once: each question to the application is a message and its answer.
     const css::uno::Reference<css::beans::XPropertySet> &proprietes() const
     {
         if (!m_proprietes.is())
-            m_proprietes.set(plage, css::uno::UNO_QUERY_THROW);
+            m_proprietes.set(plage(), css::uno::UNO_QUERY_THROW);
         return m_proprietes;
     }
     void definir(const char *propriete, const css::uno::Any &valeur) const
@@ -120,9 +136,9 @@ public:
     }
 
     std::shared_ptr<Feuille::Donnees> feuille;
-    css::uno::Reference<css::table::XCellRange> plage;
     css::table::CellRangeAddress adresse; // from 0
 
 private:
+    mutable css::uno::Reference<css::table::XCellRange> m_plage;
     mutable css::uno::Reference<css::beans::XPropertySet> m_proprietes;
 };

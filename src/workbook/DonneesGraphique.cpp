@@ -5,11 +5,7 @@
 #include <com/sun/star/chart/ChartAxisPosition.hpp>
 #include <com/sun/star/chart2/AxisType.hpp>
 #include <com/sun/star/chart2/StackingDirection.hpp>
-#include <com/sun/star/chart2/XChartTypeContainer.hpp>
 #include <com/sun/star/chart2/XCoordinateSystemContainer.hpp>
-#include <com/sun/star/chart2/XDataSeriesContainer.hpp>
-#include <com/sun/star/container/XNamed.hpp>
-#include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <com/sun/star/util/XNumberFormats.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
 #include <QRegularExpression>
@@ -70,18 +66,14 @@ TypeSerie typeDe(const QString &service, css::chart2::StackingDirection empileme
         return TypeSerie::Ligne;
     }
 }
-
-Reference<css::chart2::XChartTypeContainer> typesDe(const Graphique::Donnees &donnees)
-{
-    return {donnees.repere, UNO_QUERY_THROW};
-}
 } // namespace
 
 Graphique::Donnees::Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille, QString nomGraphique,
-                            const Reference<css::drawing::XShape> &objetDessin,
-                            const Reference<css::uno::XInterface> &modeleGraphique, int rang)
-    : feuille(std::move(donneesFeuille)), nom(std::move(nomGraphique)), forme(objetDessin),
-      modele(modeleGraphique, UNO_QUERY_THROW), document(modeleGraphique, UNO_QUERY_THROW)
+                            const Reference<css::uno::XInterface> &modeleGraphique,
+                            PlaceGraphique placeGraphique)
+    : feuille(std::move(donneesFeuille)), nom(std::move(nomGraphique)),
+      modele(modeleGraphique, UNO_QUERY_THROW), document(modeleGraphique, UNO_QUERY_THROW),
+      m_place(std::move(placeGraphique))
 {
     const Reference<css::chart2::XCoordinateSystemContainer> reperes(document->getFirstDiagram(),
                                                                      UNO_QUERY_THROW);
@@ -93,12 +85,12 @@ Graphique::Donnees::Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille, QS
     feuille->classeur->suspendre(modele);
     auto &toutes = feuille->classeur->retouches.graphiques;
     const auto sienne = std::find_if(toutes.begin(), toutes.end(), [&](const auto &r) {
-        return r->feuille == feuille->rang() && r->rang == rang;
+        return r->feuille == feuille->rang() && r->rang == m_place.rang;
     });
     retouches = sienne != toutes.end() ? *sienne : std::make_shared<RetouchesGraphique>();
     if (sienne == toutes.end()) {
         retouches->feuille = feuille->rang();
-        retouches->rang = rang;
+        retouches->rang = m_place.rang;
         toutes.append(retouches);
     }
     lireSeries();
@@ -108,33 +100,41 @@ Graphique::Donnees::Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille, QS
 void Graphique::Donnees::lireSeries()
 {
     std::vector<std::shared_ptr<SerieGraphique::Donnees>> secondaires;
-    for (const auto &type : typesDe(*this)->getChartTypes()) {
-        const QString service = versQt(type->getChartType());
-        const Reference<css::chart2::XDataSeriesContainer> contenu(type, UNO_QUERY_THROW);
-        for (const auto &objet : contenu->getDataSeries()) {
+    m_conteneur.set(repere, UNO_QUERY_THROW);
+    for (const auto &objetType : m_conteneur->getChartTypes()) {
+        Type type{objetType, versQt(objetType->getChartType()), {objetType, UNO_QUERY_THROW}, {}};
+        std::shared_ptr<SerieGraphique::Donnees> premiere;
+        for (const auto &objet : type.contenu->getDataSeries()) {
+            type.series.push_back(objet);
             auto serie = std::make_shared<SerieGraphique::Donnees>();
             serie->objet = objet;
-            serie->reglages.set(objet, UNO_QUERY_THROW);
-            const std::array<rtl::OUString, 2> noms{rtl::OUString("AttachedAxisIndex"),
-                                                    rtl::OUString("StackingDirection")};
-            const auto lues = serie->reglages->getPropertyValues({noms.data(), 2});
-            sal_Int32 axe = 0;
-            lues[0] >>= axe;
-            auto empilement = css::chart2::StackingDirection_NO_STACKING;
-            lues[1] >>= empilement;
-            serie->type = typeDe(service, empilement);
-            serie->groupe = axe == 1 ? 2 : 1;
-            (axe == 1 ? secondaires : series).push_back(serie);
+            // Series of one type share their axes and stand on each other, or do not: the first tells for all.
+            if (premiere) {
+                serie->type = premiere->type;
+                serie->groupe = premiere->groupe;
+            } else {
+                const std::array<rtl::OUString, 2> noms{rtl::OUString("AttachedAxisIndex"),
+                                                        rtl::OUString("StackingDirection")};
+                const auto lues = serie->reglages()->getPropertyValues({noms.data(), 2});
+                sal_Int32 axe = 0;
+                lues[0] >>= axe;
+                auto empilement = css::chart2::StackingDirection_NO_STACKING;
+                lues[1] >>= empilement;
+                serie->type = typeDe(type.service, empilement);
+                serie->groupe = axe == 1 ? 2 : 1;
+                premiere = serie;
+            }
+            (serie->groupe == 2 ? secondaires : series).push_back(serie);
         }
+        m_types.push_back(std::move(type));
     }
     series.insert(series.end(), secondaires.begin(), secondaires.end());
 }
 
 Reference<css::uno::XInterface> Graphique::Donnees::creer(const char *service) const
 {
-    const auto &contexte = feuille->classeur->instance->contexte();
-    return contexte->getServiceManager()->createInstanceWithContext(
-        rtl::OUString::createFromAscii(PREFIXE) + rtl::OUString::createFromAscii(service), contexte);
+    return feuille->classeur->instance->creer(rtl::OUString::createFromAscii(PREFIXE) +
+                                              rtl::OUString::createFromAscii(service));
 }
 
 namespace
@@ -172,12 +172,8 @@ QString colonneEnLettres(int colonne) // from 0
 QString Graphique::Donnees::adresseDe(const Plage &cellules) const
 {
     const auto &lieu = cellules.donnees().adresse;
-    QString &nomFeuille = m_nomsFeuilles[lieu.Sheet];
-    if (nomFeuille.isEmpty())
-        nomFeuille =
-            versQt(Reference<css::container::XNamed>(cellules.donnees().feuille->objet(), UNO_QUERY_THROW)
-                       ->getName())
-                .replace(QLatin1Char('\''), QLatin1String("''"));
+    QString nomFeuille = cellules.donnees().feuille->nom();
+    nomFeuille.replace(QLatin1Char('\''), QLatin1String("''"));
     const QString debut = QStringLiteral("$'%1'.$%2$%3")
                               .arg(nomFeuille, colonneEnLettres(lieu.StartColumn))
                               .arg(lieu.StartRow + 1);
@@ -215,13 +211,20 @@ QString Graphique::Donnees::formatDeCle(sal_Int32 cle) const
     return versQt(format);
 }
 
+const Reference<css::chart2::XScaling> &Graphique::Donnees::lineaire() const
+{
+    if (!m_lineaire.is())
+        m_lineaire.set(creer("LinearScaling"), UNO_QUERY_THROW);
+    return m_lineaire;
+}
+
 void Graphique::Donnees::ranger(SerieGraphique::Donnees &serie)
 {
     const Genre voulu = genre(serie.type);
     Reglages()
         .mettre("AttachedAxisIndex", static_cast<sal_Int32>(serie.groupe - 1))
         .mettre("StackingDirection", voulu.empilement)
-        .appliquer(serie.reglages);
+        .appliquer(serie.reglages());
     // Secondary axes are there for their series only. That of the categories is not shown, but without it the file
     // would place the series by their rows, not by their dates.
     if (const auto valeurs = axe(TypeAxe::Valeur, 2); serie.groupe == 2 && valeurs.is()) {
@@ -239,33 +242,31 @@ void Graphique::Donnees::ranger(SerieGraphique::Donnees &serie)
         repere->setAxisByDimension(0, categories, 1);
     }
     // Series of one type and one axis group stand together.
-    std::vector<Reference<css::chart2::XChartType>> types;
-    for (const auto &type : typesDe(*this)->getChartTypes())
-        types.push_back(type);
-    const rtl::OUString service =
-        rtl::OUString::createFromAscii(PREFIXE) + rtl::OUString::createFromAscii(voulu.service);
-    for (const auto &type : types) {
-        if (type->getChartType() != service)
+    const QString service = QLatin1String(PREFIXE) + QLatin1String(voulu.service);
+    for (Type &type : m_types) {
+        if (type.service != service)
             continue;
-        const Reference<css::chart2::XDataSeriesContainer> contenu(type, UNO_QUERY_THROW);
-        const auto presentes = contenu->getDataSeries();
-        if (presentes.hasElements()) {
+        if (!type.series.empty()) {
             const auto voisine = std::find_if(series.begin(), series.end(),
-                                              [&](const auto &s) { return s->objet == presentes[0]; });
+                                              [&](const auto &s) { return s->objet == type.series.front(); });
             if (voisine == series.end() || (*voisine)->groupe != serie.groupe ||
                 (*voisine)->type != serie.type)
                 continue;
         }
-        contenu->addDataSeries(serie.objet);
+        type.contenu->addDataSeries(serie.objet);
+        type.series.push_back(serie.objet);
         return;
     }
-    const Reference<css::chart2::XChartType> nouveau(creer(voulu.service), UNO_QUERY_THROW);
-    Reference<css::chart2::XDataSeriesContainer>(nouveau, UNO_QUERY_THROW)->addDataSeries(serie.objet);
-    const auto apres = std::find_if(types.begin(), types.end(), [&](const auto &type) {
-        return rangDe(versQt(type->getChartType())) > voulu.rang;
-    });
-    types.insert(apres, nouveau);
-    typesDe(*this)->setChartTypes({types.data(), static_cast<sal_Int32>(types.size())});
+    Type nouveau{{creer(voulu.service), UNO_QUERY_THROW}, service, {}, {serie.objet}};
+    nouveau.contenu.set(nouveau.objet, UNO_QUERY_THROW);
+    nouveau.contenu->addDataSeries(serie.objet);
+    m_types.insert(std::find_if(m_types.begin(), m_types.end(),
+                                [&](const Type &type) { return rangDe(type.service) > voulu.rang; }),
+                   nouveau);
+    std::vector<Reference<css::chart2::XChartType>> objets;
+    for (const Type &type : m_types)
+        objets.push_back(type.objet);
+    m_conteneur->setChartTypes({objets.data(), static_cast<sal_Int32>(objets.size())});
 }
 
 void Graphique::Donnees::retoucher(SerieGraphique::Donnees &serie)
@@ -282,21 +283,21 @@ void Graphique::Donnees::oter(const std::vector<std::shared_ptr<SerieGraphique::
     const auto disparait = [&otees](const Reference<css::chart2::XDataSeries> &serie) {
         return std::any_of(otees.begin(), otees.end(), [&serie](const auto &o) { return o->objet == serie; });
     };
-    const auto types = typesDe(*this);
-    const auto presents = types->getChartTypes();
-    sal_Int32 reste = presents.getLength();
-    for (const auto &type : presents) {
-        const Reference<css::chart2::XDataSeriesContainer> contenu(type, UNO_QUERY_THROW);
-        const auto avant = contenu->getDataSeries();
-        std::vector<Reference<css::chart2::XDataSeries>> gardees;
-        std::remove_copy_if(avant.begin(), avant.end(), std::back_inserter(gardees), disparait);
-        if (static_cast<sal_Int32>(gardees.size()) == avant.getLength())
+    for (auto type = m_types.begin(); type != m_types.end();) {
+        auto &siennes = type->series;
+        const size_t avant = siennes.size();
+        siennes.erase(std::remove_if(siennes.begin(), siennes.end(), disparait), siennes.end());
+        if (siennes.size() == avant) {
+            ++type;
             continue;
-        contenu->setDataSeries({gardees.data(), static_cast<sal_Int32>(gardees.size())});
+        }
+        type->contenu->setDataSeries({siennes.data(), static_cast<sal_Int32>(siennes.size())});
         // The last type stays, empty: a chart without any has no axes.
-        if (gardees.empty() && reste > 1) {
-            types->removeChartType(type);
-            --reste;
+        if (siennes.empty() && m_types.size() > 1) {
+            m_conteneur->removeChartType(type->objet);
+            type = m_types.erase(type);
+        } else {
+            ++type;
         }
     }
 }
@@ -328,9 +329,12 @@ Reference<css::chart2::XAxis> Graphique::Donnees::nouvelAxe(TypeAxe type, bool m
 Reference<css::chart2::XAxis> Graphique::Donnees::axe(TypeAxe type, int groupe) const
 {
     const sal_Int32 dimension = type == TypeAxe::Categorie ? 0 : 1;
-    if (groupe < 1 || groupe - 1 > repere->getMaximumAxisIndexByDimension(dimension))
+    if (groupe < 1 || groupe > 2)
         return {};
-    return repere->getAxisByDimension(dimension, groupe - 1);
+    auto &connu = m_axes[static_cast<size_t>(2 * dimension + groupe - 1)];
+    if (!connu.is() && (groupe == 1 || repere->getMaximumAxisIndexByDimension(dimension) > 0))
+        connu = repere->getAxisByDimension(dimension, groupe - 1);
+    return connu;
 }
 
 Reference<css::beans::XPropertySet> Graphique::Donnees::diagramme() const

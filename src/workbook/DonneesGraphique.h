@@ -5,16 +5,19 @@
 #include "workbook/DonneesClasseur.h"
 #include "workbook/SerieGraphique.h"
 
+#include <array>
 #include <com/sun/star/beans/XMultiPropertySet.hpp>
 #include <com/sun/star/chart2/data/XDataProvider.hpp>
 #include <com/sun/star/chart2/data/XLabeledDataSequence.hpp>
 #include <com/sun/star/chart2/XChartDocument.hpp>
+#include <com/sun/star/chart2/XChartTypeContainer.hpp>
 #include <com/sun/star/chart2/XCoordinateSystem.hpp>
 #include <com/sun/star/chart2/XDataSeries.hpp>
+#include <com/sun/star/chart2/XDataSeriesContainer.hpp>
+#include <com/sun/star/chart2/XScaling.hpp>
 #include <com/sun/star/chart2/XTitled.hpp>
 #include <com/sun/star/drawing/LineDash.hpp>
 #include <com/sun/star/drawing/LineStyle.hpp>
-#include <com/sun/star/drawing/XDrawPage.hpp>
 #include <com/sun/star/drawing/XShape.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <map>
@@ -25,9 +28,6 @@ template <class T> css::uno::Sequence<T> seule(const T &element)
 {
     return {&element, 1};
 }
-
-// The drawn objects of a sheet.
-css::uno::Reference<css::drawing::XDrawPage> dessinsDe(const Feuille::Donnees &feuille);
 
 enum NumeroGraphique {
     GraphiqueAbsent = 60,
@@ -66,7 +66,6 @@ class SerieGraphique::Donnees
 {
 public:
     css::uno::Reference<css::chart2::XDataSeries> objet;
-    css::uno::Reference<css::beans::XMultiPropertySet> reglages; // the same object
     TypeSerie type = TypeSerie::Ligne;
     int groupe = 1;
     std::shared_ptr<RetouchesSerie> retouches = std::make_shared<RetouchesSerie>();
@@ -75,17 +74,31 @@ public:
     const css::uno::Reference<css::chart2::data::XLabeledDataSequence> &valeurs(const Graphique::Donnees &g);
     // Property of the series.
     css::uno::Any lire(const char *nom) const;
+    // The same object, asked for when it is needed.
+    const css::uno::Reference<css::beans::XMultiPropertySet> &reglages() const
+    {
+        if (!m_reglages.is())
+            m_reglages.set(objet, css::uno::UNO_QUERY_THROW);
+        return m_reglages;
+    }
 
 private:
     css::uno::Reference<css::chart2::data::XLabeledDataSequence> m_valeurs;
+    mutable css::uno::Reference<css::beans::XMultiPropertySet> m_reglages;
+};
+
+// Where a chart stands on its sheet. What is empty is asked for when it is needed.
+struct PlaceGraphique {
+    css::uno::Reference<css::drawing::XShape> forme;
+    css::uno::Reference<css::beans::XPropertySet> coin; // the cell under its corner
+    int rang = 0;                                       // among the charts of the sheet
 };
 
 class Graphique::Donnees
 {
 public:
     Donnees(std::shared_ptr<Feuille::Donnees> donneesFeuille, QString nomGraphique,
-            const css::uno::Reference<css::drawing::XShape> &objetDessin,
-            const css::uno::Reference<css::uno::XInterface> &modele, int rang);
+            const css::uno::Reference<css::uno::XInterface> &modele, PlaceGraphique placeGraphique);
 
     template <class F> std::invoke_result_t<F> appeler(F &&appels) const
     {
@@ -114,21 +127,36 @@ public:
 
     std::shared_ptr<Feuille::Donnees> feuille;
     QString nom;
-    css::uno::Reference<css::drawing::XShape> forme;
     css::uno::Reference<css::frame::XModel> modele;
     css::uno::Reference<css::chart2::XChartDocument> document;
     css::uno::Reference<css::chart2::XCoordinateSystem> repere;
     css::uno::Reference<css::chart2::data::XDataProvider> source;
+    // The scaling of axes that are not logarithmic.
+    const css::uno::Reference<css::chart2::XScaling> &lineaire() const;
     std::vector<std::shared_ptr<SerieGraphique::Donnees>> series;
-    QString abscisses;                                  // address of the categories, once set
-    css::uno::Reference<css::beans::XPropertySet> coin; // the cell under its corner
+    QString abscisses; // address of the categories, once set
     std::shared_ptr<RetouchesGraphique> retouches;
+    const css::uno::Reference<css::drawing::XShape> &forme() const;
+    const css::uno::Reference<css::beans::XPropertySet> &coin() const;
 
 private:
+    // A type of the chart with its series, in their order.
+    struct Type {
+        css::uno::Reference<css::chart2::XChartType> objet;
+        QString service; // "com.sun.star.chart2.LineChartType"
+        css::uno::Reference<css::chart2::XDataSeriesContainer> contenu;
+        std::vector<css::uno::Reference<css::chart2::XDataSeries>> series;
+    };
+
     void lireSeries();
     QString adresseDe(const Plage &cellules) const; // as the chart library wants it
 
-    mutable QHash<sal_Int16, QString> m_nomsFeuilles;
+    mutable PlaceGraphique m_place;
+    css::uno::Reference<css::chart2::XChartTypeContainer> m_conteneur;
+    std::vector<Type> m_types; // as they stand in the chart: nobody else changes it
+    mutable css::uno::Reference<css::chart2::XScaling> m_lineaire;
+    // Those of the categories, then of the values, by group; once found they stay.
+    mutable std::array<css::uno::Reference<css::chart2::XAxis>, 4> m_axes;
 };
 
 // A title of the chart or of an axis.

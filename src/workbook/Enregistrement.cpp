@@ -29,11 +29,13 @@ QString obstacle(const QString &chemin)
         return QStringLiteral("le dossier « %1 » n'existe pas.").arg(dossier);
     if (info.isDir())
         return QStringLiteral("un dossier porte déjà ce nom.");
-    if (QStorageInfo(info.absolutePath()).isReadOnly())
+    const bool fichierProtege = info.exists() && !info.isWritable();
+    const bool dossierProtege = !info.exists() && !QFileInfo(info.absolutePath()).isWritable();
+    if ((fichierProtege || dossierProtege) && QStorageInfo(info.absolutePath()).isReadOnly())
         return QStringLiteral("ce disque est en lecture seule.");
-    if (info.exists() && !info.isWritable())
+    if (fichierProtege)
         return QStringLiteral("ce fichier est protégé contre l'écriture.");
-    if (!info.exists() && !QFileInfo(info.absolutePath()).isWritable())
+    if (dossierProtege)
         return QStringLiteral("le dossier « %1 » est protégé contre l'écriture.").arg(dossier);
     // LibreOffice says with this file that it holds a document open; its first field names the user.
     QFile verrou(QStringLiteral("%1/.~lock.%2#").arg(info.absolutePath(), info.fileName()));
@@ -127,8 +129,11 @@ const char *filtrePour(const QString &cheminHote)
     return FILTRE_XLS;
 }
 
-void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre,
-                    const SauvegardeLongue::Patience *patience)
+namespace
+{
+// The application writes the workbook into its own folder: the path of what it wrote.
+QString composer(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre,
+                 const SauvegardeLongue::Patience *patience)
 {
     donnees.ouvert();
     refuser(cheminHote, obstacle(cheminHote));
@@ -152,12 +157,34 @@ void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const
     } catch (const Erreur &e) {
         refuser(cheminHote, motifEchec(dossier, e.description()));
     }
-    if (!donnees.retouches.vide() && std::string_view(filtre) == FILTRE_XLS &&
-        !retoucherFichier(provisoire, donnees.retouches))
+    return provisoire;
+}
+
+// What the application wrote becomes the file.
+void livrer(const QString &provisoire, const RetouchesClasseur &retouches, const QString &cheminHote,
+            const char *filtre)
+{
+    if (!retouches.vide() && std::string_view(filtre) == FILTRE_XLS &&
+        !retoucherFichier(provisoire, retouches))
         refuser(cheminHote, QStringLiteral("la mise en forme de ses graphiques n'a pas pu y être portée."));
     const QString raison = mettreEnPlace(provisoire, cheminHote);
     QFile::remove(provisoire);
     refuser(cheminHote, raison);
+}
+} // namespace
+
+void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre,
+                    const SauvegardeLongue::Patience *patience)
+{
+    livrer(composer(donnees, cheminHote, filtre, patience), donnees.retouches, cheminHote, filtre);
+}
+
+void ecrireEtFermer(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre)
+{
+    const QString provisoire = composer(donnees, cheminHote, filtre, nullptr);
+    std::future<void> fermeture = std::async(std::launch::async, [&donnees] { donnees.fermer(); });
+    livrer(provisoire, donnees.retouches, cheminHote, filtre);
+    fermeture.get();
 }
 
 void copierClasseur(const QString &source, const QString &cheminHote)

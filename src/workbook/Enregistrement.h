@@ -13,6 +13,8 @@ inline constexpr char FILTRE_XLS[] = "MS Excel 97";
 // `patience`, where given, bounds the writing in place of DelaisTableur::fichier and is called meanwhile.
 void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre,
                     const SauvegardeLongue::Patience *patience = nullptr);
+// The same, after which the workbook is closed: the file is put in place while the application lets go of it.
+void ecrireEtFermer(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre);
 // The application's name for the format that a file's extension asks for: .xls unless it is .xlsx or .ods.
 const char *filtrePour(const QString &cheminHote);
 // Puts a copy of a workbook's file at this path, with the same care and the same words.

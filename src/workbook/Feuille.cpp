@@ -3,6 +3,7 @@
 #include "workbook/DonneesClasseur.h"
 
 #include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
 #include <com/sun/star/lang/IndexOutOfBoundsException.hpp>
 #include <com/sun/star/sheet/CellFlags.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
@@ -35,6 +36,15 @@ std::optional<std::pair<int, int>> celluleNommee(const QString &adresse)
     return std::pair(lue.captured(2).toInt(), colonne);
 }
 
+[[noreturn]] void refuserPlage(const css::table::CellRangeAddress &lieu)
+{
+    throw Erreur(HorsFeuille, QStringLiteral("Les cellules L%1C%2 à L%3C%4 sont hors de la feuille.")
+                                  .arg(lieu.StartRow + 1)
+                                  .arg(lieu.StartColumn + 1)
+                                  .arg(lieu.EndRow + 1)
+                                  .arg(lieu.EndColumn + 1));
+}
+
 Reference<css::table::XTableRows> lignesDe(const Feuille::Donnees &donnees)
 {
     return Reference<css::table::XColumnRowRange>(donnees.objet(), UNO_QUERY_THROW)->getRows();
@@ -63,11 +73,23 @@ std::pair<int, int> etendue(const Feuille::Donnees &donnees)
 const Reference<css::sheet::XSpreadsheet> &Feuille::Donnees::objet() const
 {
     if (m_deplacements != classeur->deplacements) {
-        const rtl::OUString nom = Reference<css::container::XNamed>(m_objet, UNO_QUERY_THROW)->getName();
-        m_objet.set(classeur->ouvert()->getSheets()->getByName(nom), UNO_QUERY_THROW);
+        m_objet.set(classeur->ouvert()->getSheets()->getByName(versUno(nom())), UNO_QUERY_THROW);
         m_deplacements = classeur->deplacements;
     }
     return m_objet;
+}
+
+QString Feuille::Donnees::nom() const
+{
+    if (m_nom.isEmpty())
+        m_nom = versQt(Reference<css::container::XNamed>(m_objet, UNO_QUERY_THROW)->getName());
+    return m_nom;
+}
+
+void Feuille::Donnees::renommer(const QString &nom)
+{
+    Reference<css::container::XNamed>(objet(), UNO_QUERY_THROW)->setName(versUno(nom));
+    m_nom.clear();
 }
 
 sal_Int16 Feuille::Donnees::rang() const
@@ -78,20 +100,39 @@ sal_Int16 Feuille::Donnees::rang() const
     return *m_rang;
 }
 
+const Reference<css::drawing::XDrawPage> &Feuille::Donnees::dessins() const
+{
+    if (!m_dessins.is())
+        m_dessins.set(Reference<css::drawing::XDrawPagesSupplier>(classeur->ouvert(), UNO_QUERY_THROW)
+                          ->getDrawPages()
+                          ->getByIndex(rang()),
+                      UNO_QUERY_THROW);
+    return m_dessins;
+}
+
+const Reference<css::table::XCellRange> &Plage::Donnees::plage() const
+{
+    if (m_plage.is())
+        return m_plage;
+    try {
+        m_plage = feuille->objet()->getCellRangeByPosition(adresse.StartColumn, adresse.StartRow,
+                                                           adresse.EndColumn, adresse.EndRow);
+    } catch (const css::lang::IndexOutOfBoundsException &) {
+        refuserPlage(adresse);
+    }
+    return m_plage;
+}
+
 Feuille::Feuille(std::shared_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
 
 QString Feuille::nom() const
 {
-    return m_donnees->appeler([this] {
-        return versQt(Reference<css::container::XNamed>(m_donnees->objet(), UNO_QUERY_THROW)->getName());
-    });
+    return m_donnees->appeler([this] { return m_donnees->nom(); });
 }
 
 void Feuille::renommer(const QString &nom)
 {
-    m_donnees->appeler([&] {
-        Reference<css::container::XNamed>(m_donnees->objet(), UNO_QUERY_THROW)->setName(versUno(nom));
-    });
+    m_donnees->appeler([&] { m_donnees->renommer(nom); });
 }
 
 Plage Feuille::cellule(int ligne, int colonne) const
@@ -108,17 +149,9 @@ Plage Feuille::plage(int ligne1, int colonne1, int ligne2, int colonne2) const
         lieu.EndRow = qMax(ligne1, ligne2) - 1;
         lieu.StartColumn = qMin(colonne1, colonne2) - 1;
         lieu.EndColumn = qMax(colonne1, colonne2) - 1;
-        try {
-            const auto cellules = m_donnees->objet()->getCellRangeByPosition(lieu.StartColumn, lieu.StartRow,
-                                                                             lieu.EndColumn, lieu.EndRow);
-            return Plage(std::make_shared<Plage::Donnees>(m_donnees, cellules, lieu));
-        } catch (const css::lang::IndexOutOfBoundsException &) {
-            throw Erreur(HorsFeuille, QStringLiteral("Les cellules L%1C%2 à L%3C%4 sont hors de la feuille.")
-                                          .arg(ligne1)
-                                          .arg(colonne1)
-                                          .arg(ligne2)
-                                          .arg(colonne2));
-        }
+        if (lieu.StartRow < 0 || lieu.StartColumn < 0)
+            refuserPlage(lieu);
+        return Plage(std::make_shared<Plage::Donnees>(m_donnees, lieu));
     });
 }
 

@@ -36,14 +36,14 @@ GrilleFormats::GrilleFormats(const Plage::Donnees &plage)
     Classeur::Donnees &classeur = *plage.feuille->classeur;
     const int lignes = plage.adresse.EndRow - plage.adresse.StartRow + 1;
     const bool seule = lignes == 1 && m_colonnes == 1;
-    if (seule || Reference<css::beans::XPropertyState>(plage.plage, UNO_QUERY_THROW)
+    if (seule || Reference<css::beans::XPropertyState>(plage.plage(), UNO_QUERY_THROW)
                          ->getPropertyState("NumberFormat") != css::beans::PropertyState_AMBIGUOUS_VALUE) {
         m_unique = natureDe(classeur, plage.proprietes()->getPropertyValue("NumberFormat"));
         return;
     }
     m_natures.fill(NatureFormat::Autre, static_cast<qsizetype>(lignes) * m_colonnes);
     const Reference<css::container::XIndexAccess> groupes =
-        Reference<css::sheet::XUniqueCellFormatRangesSupplier>(plage.plage, UNO_QUERY_THROW)
+        Reference<css::sheet::XUniqueCellFormatRangesSupplier>(plage.plage(), UNO_QUERY_THROW)
             ->getUniqueCellFormatRanges();
     for (sal_Int32 i = 0; i < groupes->getCount(); ++i) {
         const Reference<css::sheet::XSheetCellRanges> groupe(groupes->getByIndex(i), UNO_QUERY_THROW);

@@ -48,7 +48,8 @@ void ecrireTitre(const Graphique::Donnees &graphique, const Reference<css::uno::
             ? anciens[0]
             : Reference<css::chart2::XFormattedString>(graphique.creer("FormattedString"), UNO_QUERY_THROW);
     morceau->setString(versUno(texte));
-    objet->setText(seule(morceau));
+    if (anciens.getLength() != 1)
+        objet->setText(seule(morceau));
     if (nouveau)
         titre->setTitleObject(objet);
 }
@@ -118,7 +119,6 @@ SerieGraphique Graphique::nouvelleSerie(TypeSerie type, int groupeAxes)
     return m_donnees->appeler([&] {
         auto serie = std::make_shared<SerieGraphique::Donnees>();
         serie->objet.set(m_donnees->creer("DataSeries"), UNO_QUERY_THROW);
-        serie->reglages.set(serie->objet, UNO_QUERY_THROW);
         serie->type = type;
         serie->groupe = groupeAxes;
         m_donnees->ranger(*serie);
@@ -219,7 +219,7 @@ void Graphique::fondLegende(Teinte fond, const AspectTrait &bord)
 void Graphique::zoneTracage(const CadreDessin &cadre)
 {
     m_donnees->appeler([&] {
-        const css::awt::Size taille = m_donnees->forme->getSize();
+        const css::awt::Size taille = m_donnees->forme()->getSize();
         css::chart2::RelativePosition place;
         place.Primary = static_cast<double>(cadre.x) / taille.Width;
         place.Secondary = static_cast<double>(cadre.y) / taille.Height;
@@ -268,8 +268,8 @@ void Graphique::relierLesTrous(bool oui)
 CadreDessin Graphique::cadre() const
 {
     return m_donnees->appeler([this] {
-        const css::awt::Point coin = m_donnees->forme->getPosition();
-        const css::awt::Size taille = m_donnees->forme->getSize();
+        const css::awt::Point coin = m_donnees->forme()->getPosition();
+        const css::awt::Size taille = m_donnees->forme()->getSize();
         return CadreDessin{coin.X, coin.Y, taille.Width, taille.Height};
     });
 }

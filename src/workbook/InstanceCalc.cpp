@@ -4,7 +4,6 @@
 #include <com/sun/star/bridge/XUnoUrlResolver.hpp>
 #include <com/sun/star/connection/NoConnectException.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
-#include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <cppuhelper/bootstrap.hxx>
 #include <QCoreApplication>
 #include <QDir>
@@ -101,6 +100,7 @@ void InstanceCalc::connecter()
         while (!m_abandon) {
             try {
                 m_contexte.set(resolveur->resolve(url), css::uno::UNO_QUERY_THROW);
+                m_fabrique.set(m_contexte->getServiceManager(), css::uno::UNO_SET_THROW);
                 m_chargeur.set(css::frame::Desktop::create(m_contexte), css::uno::UNO_QUERY_THROW);
                 return;
             } catch (const css::connection::NoConnectException &) {
@@ -146,6 +146,7 @@ void InstanceCalc::attendre(const std::function<void()> &ceder)
 
 void InstanceCalc::echouer(int numero, const QString &raison)
 {
+    const std::lock_guard verrou(m_verrouEchec);
     if (!m_echec)
         m_echec.emplace(numero, raison);
     m_abandon = true;
@@ -157,16 +158,21 @@ void InstanceCalc::echouer(int numero, const QString &raison)
 
 void InstanceCalc::arreter()
 {
+    const std::lock_guard verrou(m_verrouEchec);
     echouer(Morte, QStringLiteral("LibreOffice Calc a été arrêté."));
     m_chargeur.clear();
+    m_fabrique.clear();
     m_contexte.clear();
     m_processus.reset();
 }
 
 bool InstanceCalc::repond()
 {
-    if (m_echec)
-        return false;
+    {
+        const std::lock_guard verrou(m_verrouEchec);
+        if (m_echec)
+            return false;
+    }
     if (!m_prete)
         return m_processus->vivant();
     try {
@@ -179,14 +185,17 @@ bool InstanceCalc::repond()
 
 void InstanceCalc::verifierVie()
 {
+    const std::lock_guard verrou(m_verrouEchec);
     if (m_echec)
         throw ErreurTableur(*m_echec);
 }
 
 void InstanceCalc::traduire(const css::uno::Exception &exception, bool connexionCoupee)
 {
+    const std::lock_guard verrou(m_verrouEchec);
     if (m_garde.aTue())
         echouer(Figee, QStringLiteral("LibreOffice Calc ne répondait plus et a été arrêté."));
+    verifierVie();
     // The connection is lost a moment before the process can be seen to be dead.
     if (m_processus->attendreFin(connexionCoupee ? 2000 : 0))
         echouer(Morte, QStringLiteral("LibreOffice Calc s'est arrêté brusquement."));

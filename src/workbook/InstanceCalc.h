@@ -10,8 +10,10 @@
 
 #include <com/sun/star/frame/XComponentLoader.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
+#include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <future>
+#include <mutex>
 #include <optional>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
@@ -39,7 +41,11 @@ public:
     // Host path of a folder that goes with the instance.
     QString dossierTemporaire() const { return m_profil->path() + QStringLiteral("/tmp"); }
     const DelaisTableur &delais() const { return m_delais; }
-    const css::uno::Reference<css::uno::XComponentContext> &contexte() const { return m_contexte; }
+    // An object of the application by its service's full name.
+    css::uno::Reference<css::uno::XInterface> creer(const rtl::OUString &service) const
+    {
+        return m_fabrique->createInstanceWithContext(service, m_contexte);
+    }
     const css::uno::Reference<css::frame::XComponentLoader> &chargeur() const { return m_chargeur; }
 
     // Runs calls to the application under watch. Its exceptions come out as Erreur, its death as ErreurTableur.
@@ -73,6 +79,7 @@ private:
     std::optional<QTemporaryDir> m_profil;
     std::unique_ptr<ProcessusLie> m_processus;
     QElapsedTimer m_depuisLancement;
+    std::recursive_mutex m_verrouEchec;   // an opening or a save may run on a thread of its own
     std::optional<ErreurTableur> m_echec; // why it can no longer be used
     Garde m_garde;
     std::atomic<bool> m_abandon{false};
@@ -81,5 +88,6 @@ private:
     bool m_prete = false;
     bool m_relancee = false; // it asked for it, once
     css::uno::Reference<css::uno::XComponentContext> m_contexte;
+    css::uno::Reference<css::lang::XMultiComponentFactory> m_fabrique;
     css::uno::Reference<css::frame::XComponentLoader> m_chargeur;
 };

@@ -3,6 +3,7 @@
 #include "workbook/Graphique.h"
 
 #include <com/sun/star/container/XNameAccess.hpp>
+#include <com/sun/star/document/XEmbeddedObjectSupplier.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/sheet/XCellRangeReferrer.hpp>
 #include <com/sun/star/sheet/XNamedRanges.hpp>
@@ -11,7 +12,6 @@
 
 using css::uno::Any;
 using css::uno::Reference;
-using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 
 namespace
@@ -35,14 +35,12 @@ Reference<css::table::XTableCharts> graphiquesDe(const Feuille::Donnees &feuille
     return Reference<css::table::XTableChartsSupplier>(feuille.objet(), UNO_QUERY_THROW)->getCharts();
 }
 
-// The cell under the chart's corner; empty without.
+// The cell under the chart's corner.
 Reference<css::beans::XPropertySet> celluleNommee(const Feuille::Donnees &feuille, const QString &nom)
 {
-    const auto noms = nomsDe(feuille);
-    if (!noms->hasByName(nomDefini(nom)))
-        return {};
-    const Reference<css::sheet::XCellRangeReferrer> nommee(noms->getByName(nomDefini(nom)), UNO_QUERY_THROW);
-    return {nommee->getReferredCells(), UNO_QUERY};
+    const Reference<css::sheet::XCellRangeReferrer> nommee(nomsDe(feuille)->getByName(nomDefini(nom)),
+                                                           UNO_QUERY_THROW);
+    return {nommee->getReferredCells(), UNO_QUERY_THROW};
 }
 
 CadreDessin cadreDe(const Reference<css::beans::XPropertySet> &cellule)
@@ -75,37 +73,55 @@ bool estObjet(const Reference<css::drawing::XShape> &forme)
         ->supportsService("com.sun.star.drawing.OLE2Shape");
 }
 
-struct FormeTrouvee {
-    Reference<css::drawing::XShape> forme;
-    int rang = 0; // among the charts of the sheet
-};
+// By the number of the object's class.
+bool estGraphique(const Reference<css::drawing::XShape> &forme)
+{
+    if (!estObjet(forme))
+        return false;
+    rtl::OUString classe;
+    Reference<css::beans::XPropertySet>(forme, UNO_QUERY_THROW)->getPropertyValue("CLSID") >>= classe;
+    return classe.equalsIgnoreAsciiCase("12dcae26-281f-416f-a234-c3086127382e");
+}
 
 // The chart whose corner stands in this cell; or else the nearest one, as the application leaves a chart in its place when
-// rows are inserted above it.
-FormeTrouvee formeDans(const Feuille::Donnees &feuille, const CadreDessin &cellule)
+// rows are inserted above it. Without a shape: there is none.
+PlaceGraphique placeSur(const Feuille::Donnees &feuille, const Reference<css::beans::XPropertySet> &cellule)
 {
     constexpr int LOIN = 5'000; // hundredths of a millimetre: not this chart any more
-    const auto page = dessinsDe(feuille);
-    FormeTrouvee trouvee;
+    const CadreDessin cadre = cadreDe(cellule);
+    const auto &page = feuille.dessins();
+    const sal_Int32 nombre = page->getCount();
+    PlaceGraphique trouvee{{}, cellule, 0};
     int rang = 0;
     int meilleur = LOIN;
-    for (sal_Int32 i = 0; i < page->getCount(); ++i) {
+    for (sal_Int32 i = 0; i < nombre; ++i) {
         const Reference<css::drawing::XShape> forme(page->getByIndex(i), UNO_QUERY_THROW);
-        if (!estObjet(forme) || !graphiquesDe(feuille)->hasByName(nomObjet(forme)))
+        if (!estGraphique(forme))
             continue;
         const css::awt::Point coin = forme->getPosition();
         const auto ecart = [](int place, int debut, int largeur) {
             return place < debut ? debut - place : qMax(0, place - debut - largeur);
         };
-        const int distance =
-            ecart(coin.X, cellule.x, cellule.largeur) + ecart(coin.Y, cellule.y, cellule.hauteur);
+        const int distance = ecart(coin.X, cadre.x, cadre.largeur) + ecart(coin.Y, cadre.y, cadre.hauteur);
         if (distance < meilleur) {
             meilleur = distance;
-            trouvee = {forme, rang};
+            trouvee.forme = forme;
+            trouvee.rang = rang;
         }
         ++rang;
     }
     return trouvee;
+}
+
+// The chart of a sheet that has but one; empty for none or several.
+Reference<css::uno::XInterface> seulGraphique(const Feuille::Donnees &feuille)
+{
+    const auto tous = graphiquesDe(feuille);
+    const auto noms = tous->getElementNames();
+    if (noms.getLength() != 1)
+        return {};
+    return Reference<css::document::XEmbeddedObjectSupplier>(tous->getByName(noms[0]), UNO_QUERY_THROW)
+        ->getEmbeddedObject();
 }
 
 // Number, from 0, of the row or column in which this position falls.
@@ -130,16 +146,35 @@ template <class Bandes> sal_Int32 bandeA(const Bandes &bandes, int position, boo
 }
 } // namespace
 
+const Reference<css::beans::XPropertySet> &Graphique::Donnees::coin() const
+{
+    if (!m_place.coin.is())
+        m_place.coin = celluleNommee(*feuille, nom);
+    return m_place.coin;
+}
+
+const Reference<css::drawing::XShape> &Graphique::Donnees::forme() const
+{
+    if (!m_place.forme.is())
+        m_place.forme = placeSur(*feuille, coin()).forme;
+    return m_place.forme;
+}
+
 Graphique Feuille::graphique(const QString &nom) const
 {
     return m_donnees->appeler([&] {
-        const auto cellule = celluleNommee(*m_donnees, nom);
-        const auto [forme, rang] = cellule.is() ? formeDans(*m_donnees, cadreDe(cellule)) : FormeTrouvee();
-        if (!forme.is())
-            throw Erreur(GraphiqueAbsent, QStringLiteral("La feuille n'a pas de graphique « %1 ».").arg(nom));
-        auto donnees = std::make_shared<Graphique::Donnees>(m_donnees, nom, forme, modele(forme), rang);
-        donnees->coin = cellule;
-        return Graphique(donnees);
+        const auto absent = [&nom] {
+            return Erreur(GraphiqueAbsent,
+                          QStringLiteral("La feuille n'a pas de graphique « %1 ».").arg(nom));
+        };
+        if (!nomsDe(*m_donnees)->hasByName(nomDefini(nom)))
+            throw absent();
+        if (const auto seul = seulGraphique(*m_donnees); seul.is())
+            return Graphique(std::make_shared<Graphique::Donnees>(m_donnees, nom, seul, PlaceGraphique()));
+        const PlaceGraphique place = placeSur(*m_donnees, celluleNommee(*m_donnees, nom));
+        if (!place.forme.is())
+            throw absent();
+        return Graphique(std::make_shared<Graphique::Donnees>(m_donnees, nom, modele(place.forme), place));
     });
 }
 
@@ -161,7 +196,7 @@ Graphique Feuille::ajouterGraphique(const QString &nom, const CadreDessin &cadre
         const rtl::OUString objet = nomDefini(nom) + "_" + rtl::OUString::number(m_donnees->rang() + 1);
         tous->addNewByName(objet, {cadre.x, cadre.y, cadre.largeur, cadre.hauteur}, seule(naissance), false,
                            false);
-        const auto page = dessinsDe(*m_donnees);
+        const auto &page = m_donnees->dessins();
         Reference<css::drawing::XShape> forme;
         int rang = -1;
         for (sal_Int32 i = 0; i < page->getCount() && !forme.is(); ++i) {
@@ -172,17 +207,17 @@ Graphique Feuille::ajouterGraphique(const QString &nom, const CadreDessin &cadre
             if (nomObjet(dessin) == objet)
                 forme = dessin;
         }
-        auto donnees = std::make_shared<Graphique::Donnees>(m_donnees, nom, forme, modele(forme), rang);
+        const Reference<css::beans::XPropertySet> coin(m_donnees->objet()->getCellByPosition(colonne, ligne),
+                                                       UNO_QUERY_THROW);
+        auto donnees = std::make_shared<Graphique::Donnees>(m_donnees, nom, modele(forme),
+                                                            PlaceGraphique{forme, coin, rang});
         donnees->oter(donnees->series);
         donnees->series.clear();
 
-        const Reference<css::beans::XPropertySet> coin(m_donnees->objet()->getCellByPosition(colonne, ligne),
-                                                       UNO_QUERY_THROW);
         rtl::OUString adresse;
         coin->getPropertyValue("AbsoluteName") >>= adresse;
         noms->addNewByName(nomDefini(nom), adresse,
                            css::table::CellAddress(m_donnees->rang(), colonne, ligne), 0);
-        donnees->coin = coin;
         return Graphique(donnees);
     });
 }

@@ -1,5 +1,6 @@
 #include "workbook/Plage.h"
 
+#include "workbook/CellulesUno.h"
 #include "workbook/DonneesClasseur.h"
 #include "workbook/FormatsPlage.h"
 
@@ -19,16 +20,9 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace
 {
-enum Numero { TailleDifferente = 50, ValeurInconnue };
+enum Numero { TailleDifferente = 50 };
 
-// Cells moved in one message, whole rows: more would only swell both processes.
-constexpr int CELLULES_PAR_MESSAGE = 80'000;
 constexpr qint64 SECONDES_PAR_JOUR = 86'400;
-
-int lignesParMessage(int colonnes)
-{
-    return qMax(1, CELLULES_PAR_MESSAGE / qMax(1, colonnes));
-}
 
 Reference<css::sheet::XCellRangeData> cellulesDe(const Plage::Donnees &donnees, int premiere, int derniere)
 {
@@ -70,59 +64,6 @@ QVariant nombreLu(double nombre, NatureFormat nature, const QDate &origine)
     return QDateTime(origine.addDays(secondes / SECONDES_PAR_JOUR), heure, Qt::UTC);
 }
 
-// A value as a cell takes it (nothing: the error #N/A), and the format that it calls for, if any.
-struct ValeurEcrite {
-    Any valeur;
-    const char *format = nullptr;
-};
-
-// A cell holds no more; the application would cut the rest off without a sign.
-QString abreger(const QString &texte)
-{
-    constexpr qsizetype LONGUEUR_MAXIMALE = 32'767;
-    return texte.size() <= LONGUEUR_MAXIMALE ? texte : texte.left(LONGUEUR_MAXIMALE - 1) + QChar(0x2026);
-}
-
-double fractionDuJour(const QTime &heure)
-{
-    return QTime(0, 0).msecsTo(heure) / (SECONDES_PAR_JOUR * 1000.0);
-}
-
-ValeurEcrite preparer(const QVariant &valeur, const QDate &origine)
-{
-    switch (valeur.typeId()) {
-    case QMetaType::UnknownType:
-        return {Any(rtl::OUString())};
-    case QMetaType::QString:
-        return {Any(versUno(abreger(valeur.toString())))};
-    case QMetaType::QDate:
-        if (!valeur.toDate().isValid())
-            return {Any(rtl::OUString())};
-        return {Any(static_cast<double>(origine.daysTo(valeur.toDate()))), "dd/mm/yyyy"};
-    case QMetaType::QDateTime: {
-        const QDateTime moment = valeur.toDateTime();
-        if (!moment.isValid())
-            return {Any(rtl::OUString())};
-        const double heure = fractionDuJour(moment.time());
-        return {Any(static_cast<double>(origine.daysTo(moment.date())) + heure),
-                heure > 0 ? "dd/mm/yyyy hh:mm" : "dd/mm/yyyy"};
-    }
-    case QMetaType::QTime:
-        if (!valeur.toTime().isValid())
-            return {Any(rtl::OUString())};
-        return {Any(fractionDuJour(valeur.toTime())), "hh:mm"};
-    default:
-        break;
-    }
-    bool estNombre = false;
-    const double nombre = valeur.toDouble(&estNombre);
-    if (!estNombre)
-        throw Erreur(ValeurInconnue,
-                     QStringLiteral("Une valeur de type « %1 » ne peut pas être écrite dans une cellule.")
-                         .arg(QLatin1String(valeur.typeName())));
-    return {std::isfinite(nombre) ? Any(nombre) : Any()};
-}
-
 int lignesDe(const Plage::Donnees &donnees)
 {
     return donnees.adresse.EndRow - donnees.adresse.StartRow + 1;
@@ -139,7 +80,7 @@ Valeurs lireCellules(const Plage::Donnees &donnees, const GrilleFormats &natures
     const QDate origine = donnees.feuille->classeur->origineDates;
     const int lignes = lignesDe(donnees);
     const int colonnes = colonnesDe(donnees);
-    const int pas = lignesParMessage(colonnes);
+    const int pas = BlocValeurs::Donnees::rangeesParMessage(colonnes);
     Valeurs valeurs(lignes);
     for (int debut = 0; debut < lignes; debut += pas) {
         const int fin = qMin(debut + pas, lignes) - 1;
@@ -157,7 +98,7 @@ Valeurs lireCellules(const Plage::Donnees &donnees, const GrilleFormats &natures
                     rangee[c] = nombreLu(nombre, natures.nature(l, c), origine);
                 } else { // an error has no value
                     rangee[c] = QVariant::fromValue(
-                        ErreurCellule{signeErreur(donnees.plage->getCellByPosition(c, l)->getError())});
+                        ErreurCellule{signeErreur(donnees.plage()->getCellByPosition(c, l)->getError())});
                 }
             }
         }
@@ -179,37 +120,14 @@ void verifierTaille(const Plage::Donnees &donnees, const Valeurs &valeurs)
                 .arg(colonnes));
 }
 
-// Writes the cells; returns the formats that their values call for.
-FormatsVoulus ecrireCellules(const Plage::Donnees &donnees, const Valeurs &valeurs)
+// The formats that the values call for.
+FormatsVoulus formatsVoulus(const Plage::Donnees &donnees, const Valeurs &valeurs)
 {
-    const QDate origine = donnees.feuille->classeur->origineDates;
-    const int lignes = lignesDe(donnees);
-    const int colonnes = colonnesDe(donnees);
-    const int pas = lignesParMessage(colonnes);
     FormatsVoulus formats(donnees);
-    QVector<QPair<int, int>> erreurs;
-    for (int debut = 0; debut < lignes; debut += pas) {
-        const int fin = qMin(debut + pas, lignes) - 1;
-        Sequence<Sequence<Any>> bloc(fin - debut + 1);
-        for (int l = debut; l <= fin; ++l) {
-            Sequence<Any> rangee(colonnes);
-            for (int c = 0; c < colonnes; ++c) {
-                ValeurEcrite ecrite = preparer(valeurs.at(l).at(c), origine);
-                if (ecrite.format)
-                    formats.vouloir(l, c, QLatin1String(ecrite.format));
-                if (!ecrite.valeur.hasValue()) {
-                    // An array with such a value in it would bring the application down.
-                    erreurs.append({l, c});
-                    ecrite.valeur <<= rtl::OUString();
-                }
-                rangee.getArray()[c] = ecrite.valeur;
-            }
-            bloc.getArray()[l - debut] = rangee;
-        }
-        cellulesDe(donnees, debut, fin)->setDataArray(bloc);
-    }
-    for (const auto &[l, c] : std::as_const(erreurs))
-        donnees.plage->getCellByPosition(c, l)->setFormula("=NA()");
+    for (int l = 0; l < valeurs.size(); ++l)
+        for (int c = 0; c < valeurs.at(l).size(); ++c)
+            if (const char *format = formatVoulu(valeurs.at(l).at(c)))
+                formats.vouloir(l, c, QLatin1String(format));
     return formats;
 }
 } // namespace
@@ -253,14 +171,10 @@ QVariant Plage::valeur() const
 
 Plage Plage::cellule(int ligne, int colonne) const
 {
-    return m_donnees->appeler([&] {
-        css::table::CellRangeAddress lieu = m_donnees->adresse;
-        lieu.StartRow = lieu.EndRow = lieu.StartRow + ligne - 1;
-        lieu.StartColumn = lieu.EndColumn = lieu.StartColumn + colonne - 1;
-        const auto seule =
-            m_donnees->plage->getCellRangeByPosition(colonne - 1, ligne - 1, colonne - 1, ligne - 1);
-        return Plage(std::make_shared<Donnees>(m_donnees->feuille, seule, lieu));
-    });
+    css::table::CellRangeAddress lieu = m_donnees->adresse;
+    lieu.StartRow = lieu.EndRow = lieu.StartRow + ligne - 1;
+    lieu.StartColumn = lieu.EndColumn = lieu.StartColumn + colonne - 1;
+    return Plage(std::make_shared<Donnees>(m_donnees->feuille, lieu));
 }
 
 void Plage::ecrire(const QVariant &valeur)
@@ -270,14 +184,31 @@ void Plage::ecrire(const QVariant &valeur)
 
 void Plage::ecrire(const Valeurs &valeurs)
 {
-    verifierTaille(*m_donnees, valeurs);
-    m_donnees->appeler([&] { ecrireCellules(*m_donnees, valeurs).appliquer(); });
+    ecrireContenu(valeurs);
+    m_donnees->appeler([&] { formatsVoulus(*m_donnees, valeurs).appliquer(); });
 }
 
 void Plage::ecrireContenu(const Valeurs &valeurs)
 {
     verifierTaille(*m_donnees, valeurs);
-    m_donnees->appeler([&] { ecrireCellules(*m_donnees, valeurs); });
+    const QDate &origine = m_donnees->feuille->classeur->origineDates;
+    const int pas = BlocValeurs::Donnees::rangeesParMessage(colonnes());
+    m_donnees->appeler([&] {
+        for (int debut = 0; debut < lignes(); debut += pas)
+            envoyerMessage(
+                *m_donnees, debut,
+                BlocValeurs::Donnees::message(valeurs, debut, qMin(debut + pas, lignes()), origine));
+    });
+}
+
+void Plage::ecrireBloc(const BlocValeurs &bloc)
+{
+    if (m_donnees->feuille->classeur->origineDates != BlocValeurs::Donnees::origineUsuelle()) {
+        ecrireContenu(bloc.donnees().valeurs);
+        return;
+    }
+    verifierTaille(*m_donnees, bloc.donnees().valeurs);
+    m_donnees->appeler([&] { envoyerBloc(*m_donnees, bloc.donnees()); });
 }
 
 void Plage::viderContenu()
@@ -285,7 +216,7 @@ void Plage::viderContenu()
     constexpr sal_Int32 CONTENU = css::sheet::CellFlags::VALUE | css::sheet::CellFlags::DATETIME |
                                   css::sheet::CellFlags::STRING | css::sheet::CellFlags::FORMULA;
     m_donnees->appeler([this] {
-        Reference<css::sheet::XSheetOperation>(m_donnees->plage, UNO_QUERY_THROW)->clearContents(CONTENU);
+        Reference<css::sheet::XSheetOperation>(m_donnees->plage(), UNO_QUERY_THROW)->clearContents(CONTENU);
     });
 }
 
@@ -296,7 +227,7 @@ void Plage::effacer()
                                css::sheet::CellFlags::ANNOTATION | css::sheet::CellFlags::HARDATTR |
                                css::sheet::CellFlags::STYLES;
     m_donnees->appeler([this] {
-        Reference<css::sheet::XSheetOperation>(m_donnees->plage, UNO_QUERY_THROW)->clearContents(TOUT);
+        Reference<css::sheet::XSheetOperation>(m_donnees->plage(), UNO_QUERY_THROW)->clearContents(TOUT);
     });
 }
 

@@ -36,6 +36,8 @@ enum class Alignement { Standard, Gauche, Centre, Droite, Haut, Milieu, Bas };
 
 inline constexpr int COULEUR_AUTOMATIQUE = -4105;
 
+class BlocValeurs;
+
 // A handle: copies speak of the same cells. Every call goes to the spreadsheet application: write whole ranges. Once
 // cells or rows of its sheet were inserted or deleted, a range is to be asked for again.
 class Plage
@@ -66,6 +68,7 @@ public:
     void ecrire(const Valeurs &valeurs);
     // The same without a look at the formats, which stay as they are: for cells that a template has prepared.
     void ecrireContenu(const Valeurs &valeurs);
+    void ecrireBloc(const BlocValeurs &bloc);
 
     void viderContenu();                     // ClearContents: the formats stay
     void effacer();                          // contents and looks: as never used

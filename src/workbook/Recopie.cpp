@@ -5,16 +5,15 @@
 #include <com/sun/star/sheet/XCellRangeMovement.hpp>
 #include <com/sun/star/table/CellAddress.hpp>
 
-// What is there already is copied after itself, so that its height doubles each time: a dozen messages for thousands of
-// rows. The application moves whole blocks, where its own filling goes cell by cell.
-void recopierVersLeBas(const Plage &plage)
+// What is there already is copied after itself, so that its height doubles each time. The application moves whole blocks, where its own filling goes cell by cell.
+void recopierVersLeBas(const Plage &plage, int modele)
 {
     const Plage::Donnees &donnees = plage.donnees();
-    donnees.appeler([&donnees] {
+    donnees.appeler([&] {
         const css::uno::Reference<css::sheet::XCellRangeMovement> feuille(donnees.feuille->objet(),
                                                                           css::uno::UNO_QUERY_THROW);
         css::table::CellRangeAddress faites = donnees.adresse;
-        faites.EndRow = faites.StartRow;
+        faites.EndRow = faites.StartRow + modele - 1;
         while (faites.EndRow < donnees.adresse.EndRow) {
             css::table::CellRangeAddress source = faites;
             const sal_Int32 reste = donnees.adresse.EndRow - faites.EndRow;

@@ -3,6 +3,6 @@
 
 class Plage;
 
-// Copies the first row of a rectangle into all its other rows (FillDown): values as they are, no series. A level that a
-// chart draws over thousands of rows costs one message.
-void recopierVersLeBas(const Plage &plage);
+// Copies the first `modele` rows of a rectangle into all its other rows (FillDown), again and again: values as they are, no
+// series. The rows of a level that a chart draws over thousands of them cost a few messages.
+void recopierVersLeBas(const Plage &plage, int modele = 1);

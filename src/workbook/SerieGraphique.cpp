@@ -70,7 +70,7 @@ std::pair<Marqueur, sal_Int32> constexpr SYMBOLES[] = {
     {Marqueur::Carre, 0},  {Marqueur::Losange, 1}, {Marqueur::Triangle, 3}, {Marqueur::Cercle, 8},
     {Marqueur::Etoile, 9}, {Marqueur::Croix, 10},  {Marqueur::Plus, 11}};
 
-css::chart2::Symbol symbole(const AspectMarqueur &aspect, sal_Int32 couleurSerie)
+css::chart2::Symbol symbole(const AspectMarqueur &aspect, const SerieGraphique::Donnees &serie)
 {
     css::chart2::Symbol symbole;
     symbole.Style = css::chart2::SymbolStyle_STANDARD;
@@ -84,7 +84,10 @@ css::chart2::Symbol symbole(const AspectMarqueur &aspect, sal_Int32 couleurSerie
     const auto cote = static_cast<sal_Int32>(qRound(aspect.taille * CENTIEMES_PAR_POINT));
     symbole.Size = {cote, cote};
     constexpr sal_Int32 CREUX = 0xFFFFFF;
-    symbole.BorderColor = aspect.bord.estAutomatique() ? couleurSerie : aspect.bord.rvb();
+    if (!aspect.bord.estAutomatique())
+        symbole.BorderColor = aspect.bord.rvb();
+    else if (aspect.style != Marqueur::Aucun)
+        serie.lire("Color") >>= symbole.BorderColor;
     symbole.FillColor = aspect.fond.estAutomatique() ? symbole.BorderColor
                                                      : (aspect.fond.estAucune() ? CREUX : aspect.fond.rvb());
     return symbole;
@@ -264,6 +267,9 @@ void SerieGraphique::valeurs(const Plage &cellules)
 {
     m_graphique->appeler(
         [&] { m_donnees->valeurs(*m_graphique)->setValues(m_graphique->suite(cellules, VALEURS)); });
+    const auto &lieu = cellules.donnees().adresse;
+    m_donnees->retouches->valeurs =
+        RectangleCellules{lieu.StartRow, lieu.StartColumn, lieu.EndRow, lieu.EndColumn};
 }
 
 void SerieGraphique::abscisses(const Plage &cellules)
@@ -287,9 +293,12 @@ void SerieGraphique::abscisses(const Plage &cellules)
             return;
         const auto axe = m_graphique->axe(TypeAxe::Categorie, 1);
         css::chart2::ScaleData echelle = axe->getScaleData();
-        echelle.Categories.set(m_graphique->creer("data.LabeledDataSequence"), UNO_QUERY_THROW);
+        const bool nouvelles = !echelle.Categories.is();
+        if (nouvelles)
+            echelle.Categories.set(m_graphique->creer("data.LabeledDataSequence"), UNO_QUERY_THROW);
         echelle.Categories->setValues(m_graphique->suite(cellules, "categories"));
-        axe->setScaleData(echelle);
+        if (nouvelles)
+            axe->setScaleData(echelle);
         if (const auto second = m_graphique->axe(TypeAxe::Categorie, 2); second.is())
             second->setScaleData(echelle);
         m_graphique->abscisses = voulue;
@@ -317,9 +326,7 @@ AspectMarqueur SerieGraphique::aspectMarqueur(int point) const
 void SerieGraphique::marqueur(const AspectMarqueur &aspect)
 {
     m_graphique->appeler([&] {
-        sal_Int32 couleur = 0;
-        m_donnees->lire("Color") >>= couleur;
-        Reglages().mettre("Symbol", symbole(aspect, couleur)).appliquer(m_donnees->reglages);
+        Reglages().mettre("Symbol", symbole(aspect, *m_donnees)).appliquer(m_donnees->reglages());
         if (const auto voulu = retouche(aspect); voulu.bord || voulu.fond || voulu.sansFond) {
             m_donnees->retouches->serie = voulu;
             m_graphique->retoucher(*m_donnees);
@@ -332,17 +339,10 @@ void SerieGraphique::marqueur(const AspectMarqueur &aspect)
 void SerieGraphique::marqueurs(const QVector<int> &points, const AspectMarqueur &aspect)
 {
     m_graphique->appeler([&] {
-        sal_Int32 couleur = 0;
-        m_donnees->lire("Color") >>= couleur;
-        Reglages reglages;
-        const css::chart2::Symbol voulu = symbole(aspect, couleur);
-        reglages.mettre("Symbol", voulu);
-        // A point's own colour is that of its marker in the file.
-        if (!aspect.bord.estAutomatique())
-            reglages.mettre("Color", voulu.BorderColor);
+        const Any voulu(symbole(aspect, *m_donnees)); // its colours are given to the finished file
         const RetoucheMarqueur voulue = retouche(aspect);
         for (const int point : points) {
-            reglages.appliquer(m_donnees->objet->getDataPointByIndex(point - 1));
+            m_donnees->objet->getDataPointByIndex(point - 1)->setPropertyValue("Symbol", voulu);
             m_donnees->retouches->points.insert(point - 1, voulue);
         }
         if (!points.isEmpty())
@@ -356,7 +356,7 @@ void SerieGraphique::trait(const AspectTrait &aspect)
         const bool courbe = m_donnees->type == TypeSerie::Ligne || m_donnees->type == TypeSerie::NuagePoints;
         Reglages reglages;
         mettreTrait(reglages, aspect, courbe ? TRAIT_COURBE : TRAIT_BORD, m_graphique->document);
-        reglages.appliquer(m_donnees->reglages);
+        reglages.appliquer(m_donnees->reglages());
     });
 }
 
@@ -365,7 +365,7 @@ void SerieGraphique::remplissage(Teinte couleur)
     m_graphique->appeler([&] {
         Reglages reglages;
         mettreFond(reglages, couleur, "Color");
-        reglages.appliquer(m_donnees->reglages);
+        reglages.appliquer(m_donnees->reglages());
     });
 }
 
@@ -392,14 +392,15 @@ void SerieGraphique::etiquettes(const AspectEtiquette &aspect)
     m_graphique->appeler([&] {
         Reglages reglages;
         mettreEtiquette(reglages, aspect, *m_graphique);
-        reglages.appliquer(m_donnees->reglages);
+        reglages.appliquer(m_donnees->reglages());
     });
 }
 
 void SerieGraphique::sansEtiquettes()
 {
-    m_graphique->appeler(
-        [this] { Reglages().mettre("Label", css::chart2::DataPointLabel()).appliquer(m_donnees->reglages); });
+    m_graphique->appeler([this] {
+        Reglages().mettre("Label", css::chart2::DataPointLabel()).appliquer(m_donnees->reglages());
+    });
 }
 
 // A label's own text does not pass the filter of .xls, but its number format does: one that is all text.
@@ -421,7 +422,7 @@ void SerieGraphique::etiquettes(const QVector<QPair<int, QString>> &textes, cons
 
 void SerieGraphique::dansLegende(bool oui)
 {
-    m_graphique->appeler([&] { Reglages().mettre("ShowLegendEntry", oui).appliquer(m_donnees->reglages); });
+    m_graphique->appeler([&] { Reglages().mettre("ShowLegendEntry", oui).appliquer(m_donnees->reglages()); });
 }
 
 void SerieGraphique::supprimer()

@@ -5,6 +5,7 @@
 
 #include <com/sun/star/awt/FontSlant.hpp>
 #include <com/sun/star/awt/FontWeight.hpp>
+#include <com/sun/star/beans/XPropertyState.hpp>
 #include <com/sun/star/table/BorderLine2.hpp>
 #include <com/sun/star/table/BorderLineStyle.hpp>
 #include <com/sun/star/table/CellHoriJustify.hpp>
@@ -38,9 +39,17 @@ css::table::BorderLine2 traitDe(TraitBord trait, EpaisseurBord epaisseur, int in
 
 void Plage::formatNombre(const QString &format)
 {
-    Classeur::Donnees &classeur = *m_donnees->feuille->classeur;
-    const sal_Int32 cle = m_donnees->appeler([&] { return classeur.cleFormat(format); });
-    m_donnees->definir("NumberFormat", Any(cle));
+    const sal_Int32 cle = m_donnees->appeler([&] { return m_donnees->feuille->classeur->cleFormat(format); });
+    // Asking is cheaper than setting, after which the application lays the cells out again. Where cells differ, what is
+    // read is the standard format: whether they have it is known by its not being set anywhere. To cells that have none
+    // it is not given: the file would hold every empty one of the range.
+    const bool present = format == QLatin1String("General") ? m_donnees->appeler([this] {
+        return Reference<css::beans::XPropertyState>(m_donnees->plage(), UNO_QUERY_THROW)
+                   ->getPropertyState("NumberFormat") == css::beans::PropertyState_DEFAULT_VALUE;
+    })
+                                                            : m_donnees->lire("NumberFormat") == Any(cle);
+    if (!present)
+        m_donnees->definir("NumberFormat", Any(cle));
 }
 
 void Plage::gras(bool oui)
@@ -105,7 +114,7 @@ void Plage::renvoiALaLigne(bool oui)
 void Plage::fusionner()
 {
     m_donnees->appeler(
-        [this] { Reference<css::util::XMergeable>(m_donnees->plage, UNO_QUERY_THROW)->merge(true); });
+        [this] { Reference<css::util::XMergeable>(m_donnees->plage(), UNO_QUERY_THROW)->merge(true); });
 }
 
 void Plage::fond(int indexCouleur)

@@ -35,8 +35,10 @@ std::shared_ptr<Classeur::Donnees> charger(const std::shared_ptr<InstanceCalc> &
                                            const QString &chemin, bool lectureSeule)
 {
     return instance->appeler(instance->delais().fichier, [&]() -> std::shared_ptr<Classeur::Donnees> {
+        // Held, as the instance may be ended meanwhile.
+        const css::uno::Reference<css::frame::XComponentLoader> chargeur = instance->chargeur();
         const css::uno::Reference<css::sheet::XSpreadsheetDocument> document(
-            instance->chargeur()->loadComponentFromURL(versUno(url), "_blank", 0, description(options)),
+            chargeur->loadComponentFromURL(versUno(url), "_blank", 0, description(options)),
             css::uno::UNO_QUERY);
         if (!document.is())
             return nullptr;
@@ -72,7 +74,8 @@ std::shared_ptr<InstanceCalc> Tableur::instance()
     return courante;
 }
 
-std::unique_ptr<Classeur> Tableur::ouvrir(const QString &cheminHote, bool lectureSeule)
+std::function<std::unique_ptr<Classeur>()> Tableur::preparerOuverture(const QString &cheminHote,
+                                                                      bool lectureSeule)
 {
     const ExamenFichier examen = examinerFichier(cheminHote);
     const std::shared_ptr<InstanceCalc> courante = instance();
@@ -89,29 +92,43 @@ std::unique_ptr<Classeur> Tableur::ouvrir(const QString &cheminHote, bool lectur
     if (examen.format == FormatFichier::Csv)
         options.push_back(propriete("FilterOptions", Any(versUno(optionsCsv(cheminHote)))));
 
-    const QString nom = Chemins::titre(cheminHote);
-    std::shared_ptr<Classeur::Donnees> donnees;
-    QString raison;
-    try {
-        donnees = charger(courante, InstallationCalc::urlDossier(QFileInfo(cheminHote).absoluteFilePath()),
-                          options, cheminHote, lectureSeule);
-    } catch (const ErreurTableur &) {
-        throw;
-    } catch (const Erreur &e) {
-        raison = e.description();
-    }
-    if (!donnees && examen.chiffre)
-        throw Erreur(MotDePasse,
-                     QStringLiteral("Le fichier « %1 » est protégé par un mot de passe. Enregistrez-le "
-                                    "sans mot de passe, puis recommencez.")
-                         .arg(nom));
-    if (!donnees)
-        throw Erreur(PasOuvert,
-                     QStringLiteral("Le fichier « %1 » ne peut pas être ouvert : il est abîmé, ou protégé "
-                                    "par un mot de passe. %2")
-                         .arg(nom, raison)
-                         .trimmed());
-    return std::make_unique<Classeur>(std::move(donnees));
+    return [courante, options, cheminHote, lectureSeule, chiffre = examen.chiffre] {
+        const QString nom = Chemins::titre(cheminHote);
+        std::shared_ptr<Classeur::Donnees> donnees;
+        QString raison;
+        try {
+            donnees =
+                charger(courante, InstallationCalc::urlDossier(QFileInfo(cheminHote).absoluteFilePath()),
+                        options, cheminHote, lectureSeule);
+        } catch (const ErreurTableur &) {
+            throw;
+        } catch (const Erreur &e) {
+            raison = e.description();
+        }
+        if (!donnees && chiffre)
+            throw Erreur(MotDePasse,
+                         QStringLiteral("Le fichier « %1 » est protégé par un mot de passe. Enregistrez-le "
+                                        "sans mot de passe, puis recommencez.")
+                             .arg(nom));
+        if (!donnees)
+            throw Erreur(
+                PasOuvert,
+                QStringLiteral("Le fichier « %1 » ne peut pas être ouvert : il est abîmé, ou protégé "
+                               "par un mot de passe. %2")
+                    .arg(nom, raison)
+                    .trimmed());
+        return std::make_unique<Classeur>(std::move(donnees));
+    };
+}
+
+std::unique_ptr<Classeur> Tableur::ouvrir(const QString &cheminHote, bool lectureSeule)
+{
+    return preparerOuverture(cheminHote, lectureSeule)();
+}
+
+std::future<std::unique_ptr<Classeur>> Tableur::commencerOuverture(const QString &cheminHote)
+{
+    return std::async(std::launch::async, preparerOuverture(cheminHote, false));
 }
 
 std::unique_ptr<Classeur> Tableur::ajouter()

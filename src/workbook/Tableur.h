@@ -5,6 +5,7 @@
 #include "workbook/Classeur.h"
 
 #include <functional>
+#include <future>
 #include <memory>
 #include <QString>
 
@@ -42,6 +43,10 @@ public:
     // content, and what is not a workbook, is truncated or has a password is an Erreur that says so. Waits for the
     // instance if it is still starting. A workbook opened for reading only cannot be saved under its own name.
     std::unique_ptr<Classeur> ouvrir(const QString &cheminHote, bool lectureSeule = false);
+    // The same, begun: the application opens the file while the caller does what needs neither it nor a workbook. What
+    // goes wrong comes out of get() (a file that is no workbook, an instance that cannot start: of the call itself).
+    // Dropping the future waits too.
+    std::future<std::unique_ptr<Classeur>> commencerOuverture(const QString &cheminHote);
     // A new workbook of one sheet.
     std::unique_ptr<Classeur> ajouter();
     // Ends the instance; another one is started when needed. Workbooks still open are lost.
@@ -61,6 +66,9 @@ public:
 
 private:
     std::shared_ptr<InstanceCalc> instance();
+    // All checks made, what is left to do; it may run on another thread.
+    std::function<std::unique_ptr<Classeur>()> preparerOuverture(const QString &cheminHote,
+                                                                 bool lectureSeule);
 
     QString m_programme;
     DelaisTableur m_delais;

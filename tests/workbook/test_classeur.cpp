@@ -1,5 +1,6 @@
 // Workbooks, sheets and values on the real application, each through a file and back.
 #include "ClasseurLu.h"
+#include "workbook/BlocValeurs.h"
 #include "workbook/Tableur.h"
 
 #include <limits>
@@ -19,6 +20,9 @@ private Q_SLOTS:
     void valeursEtFormats();
     void datesGardentLeurFormat();
     void contenuSansFormats();
+    void blocsPrets();
+    void blocDansUnClasseurDe1904();
+    void formatStandard();
     void hauteursFigees();
     void uneValeurPartout();
     void tailleDifferente();
@@ -197,6 +201,88 @@ void TestClasseur::contenuSansFormats()
     QCOMPARE(plage.contenu().first().first(), QVariant(39873.0));
     QVERIFY(
         description([&] { plage.ecrireContenu({{1.0}}); }).contains(QStringLiteral("la taille de la plage")));
+}
+
+// Made ready before there is a workbook; a number that is not finite is the error of a cell, here too.
+void TestClasseur::blocsPrets()
+{
+    const BlocValeurs bloc(
+        {{QDate(2009, 3, 1), QStringLiteral("=1+1")}, {QVariant(), std::numeric_limits<double>::infinity()}});
+    QCOMPARE(bloc.lignes(), 2);
+    QCOMPARE(bloc.colonnes(), 2);
+    QVERIFY(description([] {
+                BlocValeurs({{QVariant(QByteArray("x"))}});
+            }).contains(QStringLiteral("ne peut pas être écrite")));
+
+    const auto classeur = m_tableur.ajouter();
+    Feuille feuille = classeur->feuille(1);
+    feuille.plage(2, 1, 3, 2).ecrireBloc(bloc);
+    // A block of many messages' rows beside another: none in the other's place.
+    Valeurs longues;
+    for (int i = 0; i < 90'000; ++i)
+        longues.append(QVector<QVariant>{double(i)});
+    ecrireBlocs(feuille, {{2, 4, bloc}, {1, 7, BlocValeurs(longues)}, {4, 4, bloc}});
+    const Valeurs lues = feuille.plage(1, 1, 6, 6).contenu();
+    for (const auto &[ligne, colonne] : {std::pair(1, 0), std::pair(1, 3), std::pair(3, 3)}) {
+        QCOMPARE(lues[ligne][colonne], QVariant(39873.0));
+        QCOMPARE(lues[ligne][colonne + 1], QVariant(QStringLiteral("=1+1")));
+        QVERIFY(!lues[ligne + 1][colonne].isValid());
+        QCOMPARE(lues[ligne + 1][colonne + 1].value<ErreurCellule>().signe, QStringLiteral("#N/A"));
+    }
+    QVERIFY(!lues[0][0].isValid() && !lues[5][3].isValid());
+    QCOMPARE(feuille.plage(1, 7, 90'000, 7).contenu(), longues);
+
+    QVERIFY(description([&] {
+                feuille.plage(1, 1, 3, 2).ecrireBloc(bloc);
+            }).contains(QStringLiteral("la taille de la plage")));
+}
+
+// Some workbooks of old count their days from 1 January 1904: the same date is then another number.
+void TestClasseur::blocDansUnClasseurDe1904()
+{
+    const QString fichier = chemin("1904.xls");
+    m_tableur.ajouter()->enregistrerSous(fichier);
+    QFile octets(fichier);
+    QVERIFY(octets.open(QIODevice::ReadWrite));
+    QByteArray contenu = octets.readAll();
+    const QByteArray comptage("\x22\x00\x02\x00\x00\x00", 6); // the record of the day's origin, as usual
+    QCOMPARE(contenu.count(comptage), 1);
+    contenu[contenu.indexOf(comptage) + 4] = 1;
+    octets.seek(0);
+    octets.write(contenu);
+    octets.close();
+
+    const auto classeur = m_tableur.ouvrir(fichier);
+    Feuille feuille = classeur->feuille(1);
+    const BlocValeurs bloc({{QDate(2009, 3, 1)}});
+    feuille.cellule(1, 1).ecrireBloc(bloc);
+    ecrireBlocs(feuille, {{2, 1, bloc}});
+    feuille.plage(1, 1, 2, 1).formatNombre(QStringLiteral("dd/mm/yyyy"));
+    const Valeurs lues = feuille.plage(1, 1, 2, 1).valeurs();
+    for (const QVector<QVariant> &rangee : lues)
+        QCOMPARE(rangee.first().toDateTime().date(), QDate(2009, 3, 1));
+    // 1 March 2009 less 1 January 1904: 1 462 days fewer than from 30 December 1899.
+    QCOMPARE(feuille.cellule(1, 1).contenu().first().first(), QVariant(39873.0 - 1462.0));
+}
+
+// The standard format is taken back to where there was another; cells that have it do not enter the file for it.
+void TestClasseur::formatStandard()
+{
+    const auto classeur = m_tableur.ajouter();
+    Feuille feuille = classeur->feuille(1);
+    feuille.renommer(QStringLiteral("F"));
+    feuille.cellule(1, 1).ecrire(QDate(2009, 3, 1));
+    feuille.plage(1, 1, 4, 2).formatNombre(QStringLiteral("General"));
+    feuille.plage(1, 3, 4, 4).formatNombre(QStringLiteral("General"));
+    feuille.cellule(1, 3).ecrire(2.5);
+    const QString fichier = chemin("standard.xls");
+    classeur->enregistrerSous(fichier);
+    const ClasseurLu lu(fichier);
+    for (const char *adresse : {"A1", "C1"})
+        QCOMPARE(lu.cellule("F", QLatin1String(adresse))[QLatin1String("format")].toString(),
+                 QStringLiteral("General"));
+    for (const auto &[adresse, ecrite] : {std::pair("B4", true), {"C1", true}, {"C2", false}, {"D1", false}})
+        QCOMPARE(lu.cellule("F", QLatin1String(adresse))[QLatin1String("ecrite")].toBool(), ecrite);
 }
 
 // A text of several lines makes its row grow, except in a workbook whose heights are fixed.

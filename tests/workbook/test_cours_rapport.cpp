@@ -20,6 +20,9 @@ private Q_SLOTS:
     void dossierRetenu();
     void rienDEcrit();
     void echecDuRemplissage();
+    void preparationPendantLOuverture();
+    void echecDeLaPreparation();
+    void tableurTuePendantLaPreparation();
     void tableurTuePendantLeRemplissage();
     void tableurTueSansQueLeRemplissageLeVoie();
     void tableurAbsent();
@@ -211,6 +214,68 @@ void TestCoursRapport::echecDuRemplissage()
     QVERIFY(!QFile::exists(sortie()));
     QVERIFY(!m_dialogue->progression(FenetreProgression::Principale).visible);
     verifierRepos();
+    verifierLeSuivant();
+}
+
+// What is read comes before anything is written, the file's own name included: what stood there stays when it fails.
+void TestCoursRapport::preparationPendantLOuverture()
+{
+    m_dialogue->fichiers.enqueue(sortie());
+    QStringList ordre;
+    CommandeRapport preparee = commande([&](Classeur &classeur) {
+        ordre << QStringLiteral("remplir");
+        return ecrireUneMesure(classeur);
+    });
+    preparee.preparer = [&] {
+        ordre << (QFile::exists(sortie()) ? QStringLiteral("trop tard") : QStringLiteral("préparer"));
+        QVERIFY(m_etat.enCours());
+    };
+    QVERIFY(executer(preparee));
+    QCOMPARE(ordre, (QStringList{QStringLiteral("préparer"), QStringLiteral("remplir")}));
+    QVERIFY(QFile::exists(sortie()));
+    verifierRepos();
+}
+
+void TestCoursRapport::echecDeLaPreparation()
+{
+    QFile ancien(sortie());
+    QVERIFY(ancien.open(QIODevice::WriteOnly) && ancien.write("un ancien rapport") > 0);
+    ancien.close();
+    m_dialogue->fichiers.enqueue(sortie());
+    bool rempli = false;
+    CommandeRapport preparee = commande([&](Classeur &) {
+        rempli = true;
+        return 1;
+    });
+    preparee.preparer = [] { throw Erreur(7, QStringLiteral("La base ne répond plus.")); };
+    QVERIFY(!executer(preparee));
+    QVERIFY(!rempli);
+    QCOMPARE(m_dialogue->messages,
+             (QList<BoiteDEssai>{{QStringLiteral("Une erreur s'est produite en cours de traitement : \n"
+                                                 "La base ne répond plus."),
+                                  QStringLiteral("Erreur"), Icone::Critique}}));
+    QCOMPARE(lire(sortie()), QByteArray("un ancien rapport"));
+    QVERIFY(!m_dialogue->progression(FenetreProgression::Principale).visible);
+    verifierRepos();
+
+    // A template that does not open comes before what was read without it.
+    m_dialogue = std::make_unique<DialogueDEssai>();
+    m_dialogue->fichiers.enqueue(sortie());
+    preparee.modele = QStringLiteral("Profil.xls");
+    QVERIFY(!executer(preparee));
+    verifierErreurDeLApplication(QStringLiteral("Le fichier « Profil.xls » n'existe pas."));
+    QFile::remove(sortie());
+    verifierLeSuivant();
+}
+
+void TestCoursRapport::tableurTuePendantLaPreparation()
+{
+    m_dialogue->fichiers.enqueue(sortie());
+    CommandeRapport preparee = commande(&TestCoursRapport::ecrireUneMesure);
+    preparee.preparer = [this] { m_tableur->tuer(); };
+    QVERIFY(!executer(preparee));
+    verifierErreurDeLApplication(QStringLiteral("LibreOffice Calc s'est arrêté brusquement."));
+    QVERIFY(!QFile::exists(sortie()));
     verifierLeSuivant();
 }
 
