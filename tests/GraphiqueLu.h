@@ -88,6 +88,7 @@ public:
         QString nom;   // addresses as "Mesures!$B$9:$B$60"; a single cell for the name
         QString valeurs;
         QString abscisses;
+        bool dansLegende = true;
     };
 
     explicit GnumericLu(const QString &chemin)
@@ -142,7 +143,11 @@ private:
                     genre = xml.attributes().value(QLatin1String("type")).toString();
                 dansSerie = role == QLatin1String("Series");
                 if (dansSerie)
-                    m_series.append({genre, {}, {}, {}});
+                    m_series.append({genre, {}, {}, {}, true});
+            } else if (dansSerie && xml.name() == QLatin1String("property") &&
+                       xml.attributes().value(QLatin1String("name")) == QLatin1String("has-legend")) {
+                m_series.last().dansLegende =
+                    xml.readElementText().compare(QLatin1String("FALSE"), Qt::CaseInsensitive) != 0;
             } else if (dansSerie && xml.name() == QLatin1String("dimension")) {
                 const int numero = xml.attributes().value(QLatin1String("id")).toInt();
                 const QString adresse = xml.readElementText();

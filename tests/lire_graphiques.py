@@ -7,7 +7,7 @@ relies), "cellule": the cell under its top left corner ("V8").
 SERIES, in the file's order: "nom" (text), "adresse_nom", "valeurs", "abscisses" (addresses "Mesures!B9:B60"), "type"
 (the spreadsheet's constant: 65, 51, 52, 76, -4169, or a name), "groupe" (1, 2), "marqueur" {style, taille, bord, fond,
 index_bord, index_fond}, "trait" {style, epaisseur, couleur}, "fond" ("#RRGGBB" or null), "points": {"3": the same}, "etiquettes":
-{"serie": {...}, "3": {"texte", ...}}.
+{"serie": {...}, "3": {"texte", ...}}, "dans_legende".
 AXIS: "type" (1 category, 2 value), "groupe", "minimum", "maximum", "pas" (null: automatic), "inverse", "logarithmique",
 "croise_au_maximum", "titre", "format", "orientation" (degrees), "temporel", "entre_categories".
 """
@@ -225,7 +225,9 @@ class Graphique:
             serie = {"nom": liens.get(0, {}).get("texte"), "adresse_nom": liens.get(0, {}).get("adresse"),
                      "valeurs": liens.get(1, {}).get("adresse"), "abscisses": liens.get(2, {}).get("adresse"),
                      "type": groupe["type"], "groupe": groupe["groupe"], "points": {}, "etiquettes": {},
-                     "nombre": struct.unpack_from("<H", noeud.donnees, 6)[0]}
+                     "nombre": struct.unpack_from("<H", noeud.donnees, 6)[0],
+                     "dans_legende": not any(struct.unpack_from("<HH", e.donnees) == (0xFFFF, 1)
+                                             for e in noeud.tous(0x1043))}
             for fmt in noeud.tous(0x1006):
                 point = struct.unpack_from("<H", fmt.donnees)[0]
                 if point == 0xFFFF:

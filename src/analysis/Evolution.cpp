@@ -16,6 +16,9 @@ DescriptionGraphiqueEvolution decrireGraphique(const DemandeEvolution &demande, 
         description.objectifMoyen = demande.objectifMoyen.has_value();
         description.objectifMaximal = demande.objectifMaximal.has_value();
         description.bandes = evolution.bandes.has_value();
+        if (evolution.bandes)
+            std::transform(evolution.bandes->begin(), evolution.bandes->end(),
+                           description.bandesVides.begin(), [](double hauteur) { return hauteur == 0; });
         description.quantile = demande.quantile && evolution.figures->quantile90.has_value();
         description.mediane = true;
         description.norme = evolution.enTete.norme.has_value();

@@ -103,6 +103,7 @@ public:
         for (const Emploi &emploi : tous)
             if (emploi.sert)
                 brancher(emploi);
+        legende(tous);
         courbes();
         axes();
     }
@@ -138,6 +139,16 @@ private:
     {
         // Its name is in the template already: what stands on row 8.
         serie(emploi.serie).valeurs(colonne(emploi.colonne));
+    }
+
+    void legende(const QVector<Emploi> &tous)
+    {
+        for (const Emploi &emploi : tous) {
+            const int bande = emploi.colonne - COLONNE_BANDES;
+            if (emploi.sert && bande >= 0 && bande < BANDES &&
+                m_description.bandesVides[static_cast<size_t>(bande)])
+                serie(emploi.serie).dansLegende(false);
+        }
     }
 
     bool secondeADroite() const

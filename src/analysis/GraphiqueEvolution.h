@@ -52,6 +52,8 @@ struct DescriptionGraphiqueEvolution {
     bool debit = false;
     bool pluie = false;
     bool bandes = false;
+    std::array<bool, 7>
+        bandesVides{}; // of no height: the legend does not name them; in the order of their columns
     bool seuil = false;
     bool quantile = false;
     bool mediane = false;

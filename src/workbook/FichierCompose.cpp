@@ -1,5 +1,6 @@
 #include "workbook/FichierCompose.h"
 
+#include <algorithm>
 #include <QtEndian>
 
 namespace
@@ -9,10 +10,20 @@ constexpr quint32 DERNIER_SECTEUR =
 constexpr quint32 TAILLE_MINI = 64;
 constexpr quint64 SEUIL_MINI = 4096; // smaller streams are kept in small sectors
 constexpr int TAILLE_ENTREE = 128;
+constexpr int LIEU_TAILLE = 120; // of the stream's length in an entry
+constexpr quint32 FIN_DE_CHAINE = 0xFFFFFFFE;
+constexpr quint32 SECTEUR_LIBRE = 0xFFFFFFFF;
 
 template <class T> T nombre(const QByteArray &octets, qsizetype position)
 {
     return qFromLittleEndian<T>(octets.constData() + position);
+}
+
+QByteArray octetsDe(quint32 valeur)
+{
+    QByteArray octets(4, '\0');
+    qToLittleEndian(valeur, octets.data());
+    return octets;
 }
 
 void ajouterNombres(QVector<quint32> &table, const QByteArray &octets)
@@ -57,6 +68,7 @@ bool FichierCompose::lireTable()
         if (octets.isEmpty())
             return false;
         ajouterNombres(m_table, octets);
+        m_lieuxTable.append(lieux.at(i));
     }
     return !m_table.isEmpty();
 }
@@ -74,7 +86,8 @@ bool FichierCompose::lireRepertoire(quint32 premierSecteur)
                 entree.nom += QChar(nombre<quint16>(brut, c * 2));
             entree.type = static_cast<uchar>(brut.at(66));
             entree.premier = nombre<quint32>(brut, 116);
-            entree.taille = nombre<quint64>(brut, 120);
+            entree.taille = nombre<quint64>(brut, LIEU_TAILLE);
+            entree.lieu = lieuSecteur(numero) + i;
             if (m_tailleSecteur == 512)
                 entree.taille &= 0xFFFFFFFF;
             if (entree.type != 0)
@@ -155,25 +168,65 @@ bool FichierCompose::flux(const QString &nom, qsizetype maximum, QByteArray &deb
     return false;
 }
 
-bool FichierCompose::remplacer(const QString &nom, const QByteArray &contenu) const
+bool FichierCompose::remplacer(const QString &nom, const QByteArray &contenu)
 {
-    for (const Entree &entree : m_entrees) {
-        if (entree.type != 2 || entree.nom != nom)
-            continue;
-        if (entree.taille != static_cast<quint64>(contenu.size()) || entree.taille < SEUIL_MINI)
+    const auto sien = [&nom](const Entree &e) { return e.type == 2 && e.nom == nom; };
+    const auto entree = std::find_if(m_entrees.begin(), m_entrees.end(), sien);
+    const auto longueur = static_cast<quint64>(contenu.size());
+    if (entree == m_entrees.end() || entree->taille < SEUIL_MINI || longueur < entree->taille)
+        return false;
+    QVector<quint32> secteurs = chaine(m_table, entree->premier, entree->taille, m_tailleSecteur);
+    const qsizetype anciens = secteurs.size();
+    if (anciens == 0 || !allonger(secteurs, contenu.size()))
+        return false;
+    qsizetype place = 0;
+    for (const quint32 numero : std::as_const(secteurs)) {
+        QByteArray octets = contenu.mid(place, m_tailleSecteur);
+        place += octets.size();
+        if (secteurs.size() > anciens)
+            octets.append(m_tailleSecteur - octets.size(), '\0'); // nothing is short before the file's end
+        if (!ecrire(lieuSecteur(numero), octets))
             return false;
-        const QVector<quint32> secteurs = chaine(m_table, entree.premier, entree.taille, m_tailleSecteur);
-        qsizetype place = 0;
-        for (const quint32 numero : secteurs) {
-            const QByteArray octets = contenu.mid(place, m_tailleSecteur);
-            const auto lieu = static_cast<qint64>((static_cast<quint64>(numero) + 1) * m_tailleSecteur);
-            if (!m_fichier->seek(lieu) || m_fichier->write(octets) != octets.size())
-                return false;
-            place += octets.size();
-        }
-        return place == contenu.size() && m_fichier->flush();
     }
-    return false;
+    for (qsizetype i = anciens - 1; secteurs.size() > anciens && i < secteurs.size(); ++i)
+        if (!ecrireTable(secteurs.at(i)))
+            return false;
+    entree->taille = longueur;
+    return ecrire(entree->lieu + LIEU_TAILLE, octetsDe(static_cast<quint32>(longueur))) && m_fichier->flush();
+}
+
+bool FichierCompose::allonger(QVector<quint32> &secteurs, qsizetype octets)
+{
+    const qsizetype voulus = (octets + m_tailleSecteur - 1) / m_tailleSecteur;
+    QVector<quint32> table = m_table;
+    // The file's end: its first sector comes after one that holds the header.
+    auto nouveau = static_cast<quint32>((m_fichier->size() + m_tailleSecteur - 1) / m_tailleSecteur - 1);
+    for (; secteurs.size() < voulus; ++nouveau) {
+        if (nouveau >= static_cast<quint32>(table.size()) || table.at(nouveau) != SECTEUR_LIBRE)
+            return false;
+        table[secteurs.last()] = nouveau;
+        table[nouveau] = FIN_DE_CHAINE;
+        secteurs.append(nouveau);
+    }
+    m_table = table;
+    return true;
+}
+
+bool FichierCompose::ecrireTable(quint32 numero) const
+{
+    const quint32 parSecteur = m_tailleSecteur / 4;
+    return ecrire(lieuSecteur(m_lieuxTable.at(numero / parSecteur)) + qint64{numero % parSecteur} * 4,
+                  octetsDe(m_table.at(numero)));
+}
+
+bool FichierCompose::ecrire(qint64 lieu, const QByteArray &octets) const
+{
+    return m_fichier->seek(lieu) && m_fichier->write(octets) == octets.size();
+}
+
+qint64 FichierCompose::lieuSecteur(quint32 numero) const
+{
+    return (qint64{numero} + 1) * m_tailleSecteur;
 }
 
 bool FichierCompose::present(quint32 numero, quint32 octets) const
@@ -184,8 +237,7 @@ bool FichierCompose::present(quint32 numero, quint32 octets) const
 
 QByteArray FichierCompose::secteur(quint32 numero) const
 {
-    if (!present(numero, 1) ||
-        !m_fichier->seek(static_cast<qint64>((static_cast<quint64>(numero) + 1) * m_tailleSecteur)))
+    if (!present(numero, 1) || !m_fichier->seek(lieuSecteur(numero)))
         return {};
     QByteArray octets = m_fichier->read(m_tailleSecteur);
     octets.append(m_tailleSecteur - octets.size(), '\0'); // some writers leave the last sector short

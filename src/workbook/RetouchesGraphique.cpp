@@ -26,6 +26,7 @@ enum Enregistrement : quint16 {
     CATEGORIES = 0x1020,
     OUVRANT = 0x1033,
     FERMANT = 0x1034,
+    EXCEPTION_LEGENDE = 0x1043,
     FORMAT_AXE = 0x104E,
     LIEN = 0x1051
 };
@@ -38,7 +39,10 @@ constexpr int AUCUN = -2;
 class Retoucheur
 {
 public:
-    Retoucheur(QByteArray &flux, const RetouchesClasseur &retouches) : m_flux(flux), m_retouches(retouches) {}
+    Retoucheur(QByteArray &flux, const RetouchesClasseur &retouches, Ajouts ajouts)
+        : m_flux(flux), m_retouches(retouches), m_ajouts(ajouts)
+    {
+    }
 
     bool retoucher()
     {
@@ -56,7 +60,11 @@ private:
     {
         return qFromLittleEndian<T>(m_flux.constData() + place);
     }
-    void ecrire16(qsizetype place, quint16 valeur) { qToLittleEndian(valeur, m_flux.data() + place); }
+    template <class T> void ecrire(qsizetype place, T valeur)
+    {
+        qToLittleEndian(valeur, m_flux.data() + place);
+    }
+    void ecrire16(qsizetype place, quint16 valeur) { ecrire(place, valeur); }
     // The record at this place is wholly there.
     bool entier(qsizetype place) const
     {
@@ -83,9 +91,10 @@ private:
                 return true;
             if (genre(place) == FENETRE_CLASSEUR && taille(place) >= 12 && m_retouches.feuilleActive >= 0)
                 ecrire16(donnees + 10, static_cast<quint16>(m_retouches.feuilleActive));
-            else if (genre(place) == FEUILLE && taille(place) >= 4)
+            else if (genre(place) == FEUILLE && taille(place) >= 4) {
                 m_feuilles.append(nombre<quint32>(donnees));
-            else if (genre(place) == FORMAT && taille(place) > 5)
+                m_lieuxFeuilles.append(donnees);
+            } else if (genre(place) == FORMAT && taille(place) > 5)
                 m_formats.insert(texteFormat(donnees), nombre<quint16>(donnees));
         }
         return false;
@@ -165,6 +174,7 @@ private:
     {
         const RetouchesSerie *siennes = nullptr;
         int profondeur = 0;
+        bool horsLegende = false;
         int point = AUCUN; // whose format is being read
         QByteArray trait;  // the series' line, which comes before those of its points
         for (; entier(place); place = suivant(place)) {
@@ -175,8 +185,11 @@ private:
                 ++profondeur;
                 break;
             case FERMANT:
-                if (--profondeur == 0)
+                if (--profondeur == 0) {
+                    if (siennes && siennes->horsLegende && !horsLegende && m_ajouts == Ajouts::Oui)
+                        oterDeLaLegende(place);
                     return true;
+                }
                 if (profondeur == 1)
                     point = AUCUN;
                 break;
@@ -185,6 +198,9 @@ private:
                     for (const auto &serie : retouche.series)
                         if (serie->valeurs == lieu)
                             siennes = serie.get();
+                break;
+            case EXCEPTION_LEGENDE:
+                horsLegende = horsLegende || profondeur == 1;
                 break;
             case FORMAT_DONNEES:
                 if (octets >= 2) {
@@ -207,6 +223,30 @@ private:
             }
         }
         return false;
+    }
+
+    // `place`: the end of the series' records.
+    void oterDeLaLegende(qsizetype place)
+    {
+        constexpr quint16 OTEE = 1;
+        QByteArray exception(EN_TETE + 4, '\0');
+        qToLittleEndian<quint16>(EXCEPTION_LEGENDE, exception.data());
+        qToLittleEndian<quint16>(4, exception.data() + 2);
+        qToLittleEndian(TOUTE_LA_SERIE, exception.data() + EN_TETE);
+        qToLittleEndian(OTEE, exception.data() + EN_TETE + 2);
+        m_flux.insert(place, exception);
+        decaler(static_cast<quint32>(place), static_cast<quint32>(exception.size()));
+    }
+
+    // After an insertion: the sheets that begin behind it. The filter gives no other place in the stream (no index of rows).
+    void decaler(quint32 place, quint32 octets)
+    {
+        for (qsizetype i = 0; i < m_feuilles.size(); ++i) {
+            if (m_feuilles.at(i) < place)
+                continue;
+            m_feuilles[i] += octets;
+            ecrire(m_lieuxFeuilles.at(i), m_feuilles.at(i));
+        }
     }
 
     // The range of the values that a link record (BRAI) gives; nothing for another link.
@@ -293,7 +333,9 @@ private:
 
     QByteArray &m_flux;
     const RetouchesClasseur &m_retouches;
-    QVector<quint32> m_feuilles;
+    Ajouts m_ajouts;
+    QVector<quint32> m_feuilles;        // where each begins
+    QVector<qsizetype> m_lieuxFeuilles; // where that is written
     QHash<QString, quint16> m_formats;
 };
 } // namespace
@@ -301,8 +343,9 @@ private:
 bool RetouchesGraphique::vide() const
 {
     return formatCategories.isEmpty() && !entreCategories &&
-           std::all_of(series.begin(), series.end(),
-                       [](const auto &serie) { return !serie->serie && serie->points.isEmpty(); });
+           std::all_of(series.begin(), series.end(), [](const auto &serie) {
+               return !serie->horsLegende && !serie->serie && serie->points.isEmpty();
+           });
 }
 
 bool RetouchesClasseur::vide() const
@@ -311,9 +354,9 @@ bool RetouchesClasseur::vide() const
            std::all_of(graphiques.begin(), graphiques.end(), [](const auto &r) { return r->vide(); });
 }
 
-bool retoucherClasseur(QByteArray &flux, const RetouchesClasseur &retouches)
+bool retoucherClasseur(QByteArray &flux, const RetouchesClasseur &retouches, Ajouts ajouts)
 {
-    return Retoucheur(flux, retouches).retoucher();
+    return Retoucheur(flux, retouches, ajouts).retoucher();
 }
 
 bool retoucherFichier(const QString &chemin, const RetouchesClasseur &retouches)
@@ -325,6 +368,11 @@ bool retoucherFichier(const QString &chemin, const RetouchesClasseur &retouches)
     if (!fichier.open(QIODevice::ReadWrite) || !compose.lire(fichier) ||
         !compose.flux(nom, fichier.size(), flux))
         return false;
-    const qsizetype longueur = flux.size();
-    return retoucherClasseur(flux, retouches) && flux.size() == longueur && compose.remplacer(nom, flux);
+    QByteArray retouche = flux;
+    if (!retoucherClasseur(retouche, retouches))
+        return false;
+    if (compose.remplacer(nom, retouche))
+        return true;
+    return retouche.size() > flux.size() && retoucherClasseur(flux, retouches, Ajouts::Non) &&
+           compose.remplacer(nom, flux);
 }

@@ -1,10 +1,10 @@
 // What the application's filter of .xls cannot write of a chart, put into the finished file: markers without fill or with
 // colours of their own, the line through a marked point, the number format of the category axis, and its place (the filter
-// judges by the kind of the first series: lines begin on the axis, columns beside it, which parts the two on one chart). And
-// which part of a sheet is seen first.
+// judges by the kind of the first series: lines begin on the axis, columns beside it, which parts the two on one chart),
+// the series that the legend does not name. And which part of a sheet is seen first.
 //
-// Records of the format are changed in place ([MS-XLS]: MarkerFormat, LineFormat, IFmtRecord, CatSerRange, Window1, Window2), so
-// that no other part of the file moves.
+// Records of the format are changed in place ([MS-XLS]: MarkerFormat, LineFormat, IFmtRecord, CatSerRange, Window1, Window2);
+// one is added (LegendException), and the places of the sheets that come after it follow (BoundSheet8).
 #pragma once
 
 #include <memory>
@@ -31,6 +31,7 @@ struct RetoucheMarqueur {
 
 struct RetouchesSerie {
     std::optional<RectangleCellules> valeurs; // by which the series is known in the file
+    bool horsLegende = false;
     std::optional<RetoucheMarqueur> serie;
     QHash<int, RetoucheMarqueur> points; // from 0; their lines become the series' one again
 };
@@ -55,8 +56,10 @@ struct RetouchesClasseur {
     bool vide() const;
 };
 
-// Changes the stream "Workbook" of a .xls, whose length stays. False when its records do not hang together: it is then to
-// be left as it was.
-bool retoucherClasseur(QByteArray &flux, const RetouchesClasseur &retouches);
-// The same on a file.
+// Whether records may be added.
+enum class Ajouts { Oui, Non };
+// Changes the stream "Workbook" of a .xls, whose length stays where nothing is added. False when its records do not hang
+// together: it is then to be left as it was.
+bool retoucherClasseur(QByteArray &flux, const RetouchesClasseur &retouches, Ajouts ajouts = Ajouts::Oui);
+// The same on a file; nothing is added to one that has no room for it.
 bool retoucherFichier(const QString &chemin, const RetouchesClasseur &retouches);

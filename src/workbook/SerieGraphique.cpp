@@ -422,7 +422,11 @@ void SerieGraphique::etiquettes(const QVector<QPair<int, QString>> &textes, cons
 
 void SerieGraphique::dansLegende(bool oui)
 {
-    m_graphique->appeler([&] { Reglages().mettre("ShowLegendEntry", oui).appliquer(m_donnees->reglages()); });
+    m_graphique->appeler([&] {
+        Reglages().mettre("ShowLegendEntry", oui).appliquer(m_donnees->reglages());
+        m_donnees->retouches->horsLegende = !oui; // the filter names them all
+        m_graphique->retoucher(*m_donnees);
+    });
 }
 
 void SerieGraphique::supprimer()

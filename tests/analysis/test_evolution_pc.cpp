@@ -38,6 +38,16 @@ public:
                                  .toString());
         return lues;
     }
+    // Columns of the series that the legend leaves out.
+    QStringList horsLegende() const
+    {
+        QStringList colonnes;
+        const QJsonArray toutes = graphique()[QLatin1String("series")].toArray();
+        for (const QJsonValue &serie : toutes)
+            if (!serie[QLatin1String("dans_legende")].toBool())
+                colonnes << sansFeuille(serie[QLatin1String("valeurs")]).left(1);
+        return colonnes;
+    }
     QStringList abscisses() const
     {
         QStringList lues;
@@ -196,6 +206,23 @@ private Q_SLOTS:
         const QString dit = verifier(d);
         QVERIFY(dit.contains(QStringLiteral("Q10: ")));
         QVERIFY(dit.contains(QStringLiteral("H9: ")));
+    }
+
+    // Nitrates have a grid with both intermediate bounds, carbon one without: its bands K and M are of height 0, and the
+    // legend, which would show their colours for nothing, does not name them.
+    void legendeSansBandesVides()
+    {
+        DemandeEvolution d = E::demande({E::CARBONE_BRUT});
+        d.fondSEQ = true;
+        QVERIFY(tracer(d));
+        {
+            const Relu relu = relire();
+            QVERIFY(relu.lisible());
+            QCOMPARE(relu.horsLegende(), (QStringList{"K", "M"}));
+            QCOMPARE(relu.series().size(), 9); // seven bands, the curve, the median
+        }
+        QVERIFY(tracer(E::toutCoche()));
+        QCOMPARE(relire().horsLegende(), QStringList());
     }
 
     // The chart of everything, as the saved file has it: types 76 for the bands, 65 for the lines, 52 for the flow.

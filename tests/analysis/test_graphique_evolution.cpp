@@ -143,6 +143,7 @@ private Q_SLOTS:
     void deuxCourbesEtDebit();
     void debit();
     void pluie();
+    void bandesVides();
     void ceQuiNeSertPas();
     void texteLong();
     void periodes_data();
@@ -426,6 +427,21 @@ void TestGraphiqueEvolution::pluie()
     QCOMPARE(entier(pluie, "groupe"), 2);
     QCOMPARE(texte(GraphiquesLus::axe(graphique, 2, 2), "titre"), QStringLiteral(" ( Précipitations mm ) "));
     QVERIFY(GraphiquesLus::serie(graphique, colonne("F")).isEmpty());
+}
+
+// A band of no height is there, and the legend does not name it.
+void TestGraphiqueEvolution::bandesVides()
+{
+    Cas cas;
+    const QJsonObject graphique =
+        relire(tracer(QStringLiteral("bandes_vides"), cas, [](DescriptionGraphiqueEvolution &d) {
+            d.bandesVides[3] = d.bandesVides[5] = true; // columns K and M
+        }));
+    for (const char *lettre : {"H", "I", "J", "K", "L", "M", "N"}) {
+        const QJsonObject bande = GraphiquesLus::serie(graphique, colonne(lettre));
+        QCOMPARE(entier(bande, "type"), 76);
+        QCOMPARE(bande[QLatin1String("dans_legende")].toBool(), *lettre != 'K' && *lettre != 'M');
+    }
 }
 
 // Series and cells that a run does not use are gone, those that it uses are there.
