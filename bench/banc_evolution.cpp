@@ -15,7 +15,7 @@ using OutilsBanc::chronometrer;
 
 namespace
 {
-constexpr int TOURS = 15;
+constexpr int TOURS = 31;
 constexpr int MESURES = 500;
 constexpr int JOURS = 3650;
 const QDate DEBUT(2008, 1, 1);

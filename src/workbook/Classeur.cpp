@@ -103,7 +103,7 @@ void Classeur::reprendreSous(const QString &cheminHote)
     m_donnees->lectureSeule = false;
 }
 
-const QString &Classeur::Donnees::nom() const
+const QString &Classeur::Donnees::cheminEnregistrable() const
 {
     if (lectureSeule || chemin.isEmpty())
         throw Erreur(SansNom,
@@ -114,12 +114,14 @@ const QString &Classeur::Donnees::nom() const
 
 void Classeur::enregistrer()
 {
-    ecrireClasseur(*m_donnees, m_donnees->nom(), filtrePour(m_donnees->nom()));
+    const QString &chemin = m_donnees->cheminEnregistrable();
+    ecrireClasseur(*m_donnees, chemin, filtrePour(chemin));
 }
 
 void Classeur::enregistrerEtFermer()
 {
-    ecrireEtFermer(*m_donnees, m_donnees->nom(), filtrePour(m_donnees->nom()));
+    const QString &chemin = m_donnees->cheminEnregistrable();
+    ecrireEtFermer(*m_donnees, chemin, filtrePour(chemin));
 }
 
 void Classeur::exporterPdf(const QString &cheminHote)

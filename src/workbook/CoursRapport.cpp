@@ -17,7 +17,7 @@ struct EchecRemplissage {
     QString description;
 };
 
-template <class F> std::invoke_result_t<F> faireRemplir(F &&partie)
+template <class F> std::invoke_result_t<F> commeRemplissage(F &&partie)
 {
     try {
         return partie();
@@ -105,7 +105,7 @@ std::unique_ptr<Classeur> CoursRapport::ouvrirEtPreparer(const CommandeRapport &
     std::exception_ptr echec;
     try {
         if (commande.preparer)
-            faireRemplir(commande.preparer);
+            commeRemplissage(commande.preparer);
     } catch (...) {
         echec = std::current_exception();
     }
@@ -125,13 +125,12 @@ bool CoursRapport::produire(const CommandeRapport &commande, const QString &chem
 
     m_tableur.definirAttente([this] { m_dialogue.ceder(); });
     const auto finAttente = qScopeGuard([this] { m_tableur.definirAttente({}); });
-
     const std::unique_ptr<Classeur> classeur = ouvrirEtPreparer(commande, modele);
     classeur->reprendreSous(chemin);
     // From here on the file is ours: gone with the report unless that ends well.
     auto effacement = qScopeGuard([&chemin] { QFile::remove(chemin); });
 
-    const int mesures = faireRemplir([&] { return commande.remplir(*classeur); });
+    const int mesures = commeRemplissage([&] { return commande.remplir(*classeur); });
     classeur->enregistrerEtFermer();
     m_dialogue.progression(FenetreProgression::Principale).cacher();
     if (mesures == 0) {

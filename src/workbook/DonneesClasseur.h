@@ -27,8 +27,8 @@ public:
 
     // The document; an Erreur once it is closed.
     const css::uno::Reference<css::sheet::XSpreadsheetDocument> &ouvert() const;
-    // The path under which it is saved; an Erreur where it has none.
-    const QString &nom() const;
+    // The path under which it can be saved; an Erreur where there is none.
+    const QString &cheminEnregistrable() const;
     void fermer();
     // Key of a number format given in its English form; made when the document lacks it.
     sal_Int32 cleFormat(const QString &format);
@@ -43,6 +43,7 @@ public:
     // Counts the insertions and deletions of cells: some make the application's sheet objects forget a column, so that
     // they are asked for again after each.
     int deplacements = 0;
+    int renommages = 0; // of sheets
     // Charts that were asked for: drawn only when the workbook is to be seen, as the application would draw each anew
     // to answer the filter's questions, which takes longer than all the rest of a save.
     std::vector<css::uno::Reference<css::frame::XModel>> graphiques;
@@ -66,9 +67,8 @@ class Feuille::Donnees
 {
 public:
     Donnees(std::shared_ptr<Classeur::Donnees> donneesClasseur,
-            const css::uno::Reference<css::sheet::XSpreadsheet> &objet, QString nomFeuille = {})
-        : classeur(std::move(donneesClasseur)), m_objet(objet), m_deplacements(classeur->deplacements),
-          m_nom(std::move(nomFeuille))
+            const css::uno::Reference<css::sheet::XSpreadsheet> &objet)
+        : classeur(std::move(donneesClasseur)), m_objet(objet), m_deplacements(classeur->deplacements)
     {
     }
 
@@ -91,6 +91,7 @@ private:
     mutable css::uno::Reference<css::sheet::XSpreadsheet> m_objet;
     mutable int m_deplacements;
     mutable QString m_nom;
+    mutable int m_renommages = 0; // what the workbook had seen of them when the name was asked
     mutable std::optional<sal_Int16> m_rang;
     mutable css::uno::Reference<css::drawing::XDrawPage> m_dessins;
 };

@@ -271,9 +271,11 @@ void Graphique::Donnees::ranger(SerieGraphique::Donnees &serie)
 
 void Graphique::Donnees::retoucher(SerieGraphique::Donnees &serie)
 {
-    if (!serie.retouches->valeurs) // a series of the file: "$Mesures.$B$9:$B$60"
+    // Of a series of the file, or after a move of cells: "$Mesures.$B$9:$B$60".
+    if (!serie.retouches->valeurs || serie.deplacementsValeurs != feuille->classeur->deplacements)
         serie.retouches->valeurs =
             rectangle(versQt(serie.valeurs(*this)->getValues()->getSourceRangeRepresentation()));
+    serie.deplacementsValeurs = feuille->classeur->deplacements;
     if (!retouches->series.contains(serie.retouches))
         retouches->series.append(serie.retouches);
 }

@@ -69,6 +69,7 @@ public:
     TypeSerie type = TypeSerie::Ligne;
     int groupe = 1;
     std::shared_ptr<RetouchesSerie> retouches = std::make_shared<RetouchesSerie>();
+    int deplacementsValeurs = -1; // of cells, when the range in the retouches was the values'
 
     // The values with their label; made when the series has none yet.
     const css::uno::Reference<css::chart2::data::XLabeledDataSequence> &valeurs(const Graphique::Donnees &g);

@@ -81,15 +81,16 @@ const Reference<css::sheet::XSpreadsheet> &Feuille::Donnees::objet() const
 
 QString Feuille::Donnees::nom() const
 {
-    if (m_nom.isEmpty())
+    if (m_nom.isEmpty() || m_renommages != classeur->renommages)
         m_nom = versQt(Reference<css::container::XNamed>(m_objet, UNO_QUERY_THROW)->getName());
+    m_renommages = classeur->renommages;
     return m_nom;
 }
 
 void Feuille::Donnees::renommer(const QString &nom)
 {
     Reference<css::container::XNamed>(objet(), UNO_QUERY_THROW)->setName(versUno(nom));
-    m_nom.clear();
+    ++classeur->renommages;
 }
 
 sal_Int16 Feuille::Donnees::rang() const

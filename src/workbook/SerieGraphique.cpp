@@ -270,6 +270,7 @@ void SerieGraphique::valeurs(const Plage &cellules)
     const auto &lieu = cellules.donnees().adresse;
     m_donnees->retouches->valeurs =
         RectangleCellules{lieu.StartRow, lieu.StartColumn, lieu.EndRow, lieu.EndColumn};
+    m_donnees->deplacementsValeurs = m_graphique->feuille->classeur->deplacements;
 }
 
 void SerieGraphique::abscisses(const Plage &cellules)
