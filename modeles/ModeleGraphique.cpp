@@ -44,12 +44,9 @@ public:
         donnees();
         texte();
         Graphique graphique = m_feuille.ajouterGraphique(m_description.graphique, cadreGraphique());
-        {
-            const Graphique::Suspension suspension(graphique);
-            series(graphique);
-            axes(graphique);
-            aspect(graphique);
-        }
+        series(graphique);
+        axes(graphique);
+        aspect(graphique);
         page();
         // Whoever opens the finished file sees the chart, the data are at its left.
         m_feuille.montrerDepuis(premiereColonneBloc());

@@ -96,7 +96,6 @@ public:
 
     void cabler()
     {
-        const Graphique::Suspension suspension(m_graphique);
         const QVector<Emploi> tous = emplois(m_description);
         oter(tous);
         serie(SERIE_COURBE_1).abscisses(colonne(COLONNE_DATE));

@@ -58,7 +58,6 @@ void M_creer_graph::grapheFlux(const Feuille &feuille, const FluxCalcule &flux, 
     if (lignes == 0)
         return;
     Graphique graphique = feuille.graphique(GRAPHIQUE.toString());
-    const Graphique::Suspension suspension(graphique);
     graphique.titre(ContenuFlux::titre(flux.demande, enTete, parametre));
     SerieGraphique serie = graphique.serie(SERIE_FLUX);
     relier(serie, feuille, COLONNE_FLUX, lignes);

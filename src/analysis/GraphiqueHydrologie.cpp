@@ -52,7 +52,6 @@ public:
         ecrireIntitule(COLONNE_PLUIE, m_contenu.pluie ? nomPluie() : QString());
         ecrireLignes(false);
 
-        const Graphique::Suspension suspension(m_graphique);
         SerieGraphique ligne = m_graphique.serie(SERIE_PREMIERE);
         SerieGraphique pluie = m_graphique.serie(SERIE_PLUIE);
         if (!m_contenu.pluie)
@@ -94,7 +93,6 @@ public:
         ecrireEnTete(COLONNE_DATE, m_contenu.stationPluie, TexteHydrologie::UNITE_PLUIE, true);
         ecrireIntitule(COLONNE_DEBIT, nomPluie());
         ecrireLignes(true);
-        const Graphique::Suspension suspension(m_graphique);
         SerieGraphique pluie = m_graphique.serie(SERIE_PREMIERE);
         brancher(pluie, COLONNE_DEBIT);
         espacer(pluie);

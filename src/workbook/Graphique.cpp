@@ -64,20 +64,6 @@ QString lireTitre(const Reference<css::uno::XInterface> &porteur)
     return texte;
 }
 
-Graphique::Suspension::Suspension(const Graphique &graphique) : m_donnees(graphique.m_donnees)
-{
-    m_donnees->appeler([this] { m_donnees->modele->lockControllers(); });
-}
-
-Graphique::Suspension::~Suspension()
-{
-    try {
-        m_donnees->appeler([this] { m_donnees->modele->unlockControllers(); });
-    } catch (const Erreur &) {
-        // The application is gone, and the chart with it.
-    }
-}
-
 Graphique::Graphique(std::shared_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
 
 QString Graphique::nom() const

@@ -14,12 +14,13 @@ enum class PlaceLegende { Droite, Bas, Haut, Gauche };
 // A handle, got from Feuille::graphique("Graphique"); copies speak of the same chart.
 //
 //   Graphique graphique = feuille.graphique(QStringLiteral("Graphique"));
-//   const Graphique::Suspension suspension(graphique); // drawn once, when this goes
 //   SerieGraphique mesures = graphique.serie(1);
 //   mesures.valeurs(feuille.plage(9, 2, derniere, 2));
 //   mesures.abscisses(feuille.plage(9, 1, derniere, 1));
 //   mesures.nommer(feuille.cellule(8, 2));
 //   graphique.axe(TypeAxe::Valeur).titre(QStringLiteral(" ( mg/l ) "));
+//
+// From the moment when it is asked for the application does not draw it, until the workbook is closed.
 //
 // The .xls format forgets a chart's name. A chart is therefore found through a name defined on the sheet, the chart's
 // own ("Graphique 1" is the name Graphique_1), on the cell under the chart's top left corner.
@@ -28,19 +29,6 @@ class Graphique
 public:
     class Donnees;
     explicit Graphique(std::shared_ptr<Donnees> donnees);
-
-    // While one lives, the application does not redraw the chart at each change.
-    class Suspension
-    {
-    public:
-        explicit Suspension(const Graphique &graphique);
-        ~Suspension();
-        Suspension(const Suspension &) = delete;
-        Suspension &operator=(const Suspension &) = delete;
-
-    private:
-        std::shared_ptr<Donnees> m_donnees;
-    };
 
     QString nom() const;
 
