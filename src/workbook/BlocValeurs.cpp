@@ -162,7 +162,7 @@ void ecrireBlocs(Feuille &feuille, const QVector<BlocPlace> &blocs)
             plages[i].ecrireBloc(blocs[static_cast<qsizetype>(i)].valeurs);
         return;
     }
-    // Each on a thread of its own: the application takes calls from all of them, and writes one after the other.
+    // Each on a thread of its own, the calls alone: the application takes them from all, and writes one after the other.
     feuille.donnees().appeler([&] {
         std::vector<std::future<void>> envois;
         for (size_t i = 0; i < plages.size(); ++i) {

@@ -148,7 +148,12 @@ void Classeur::Donnees::fermer()
         return;
     const Reference<css::sheet::XSpreadsheetDocument> ferme = document;
     document.clear();
-    instance->appeler([&ferme] { Reference<css::util::XCloseable>(ferme, UNO_QUERY_THROW)->close(true); });
+    instance->appeler([&ferme] { fermerDocument(ferme); });
+}
+
+void fermerDocument(const Reference<css::sheet::XSpreadsheetDocument> &document)
+{
+    Reference<css::util::XCloseable>(document, UNO_QUERY_THROW)->close(true);
 }
 
 QString Classeur::chemin() const

@@ -101,7 +101,7 @@ bool CoursRapport::executer(const CommandeRapport &commande)
 std::unique_ptr<Classeur> CoursRapport::ouvrirEtPreparer(const CommandeRapport &commande,
                                                          const QString &modele)
 {
-    std::future<std::unique_ptr<Classeur>> ouverture = m_tableur.commencerOuverture(modele);
+    OuvertureEnCours ouverture = m_tableur.commencerOuverture(modele);
     std::exception_ptr echec;
     try {
         if (commande.preparer)
@@ -109,7 +109,7 @@ std::unique_ptr<Classeur> CoursRapport::ouvrirEtPreparer(const CommandeRapport &
     } catch (...) {
         echec = std::current_exception();
     }
-    std::unique_ptr<Classeur> classeur = ouverture.get();
+    std::unique_ptr<Classeur> classeur = ouverture.attendre();
     if (echec)
         std::rethrow_exception(echec);
     return classeur;

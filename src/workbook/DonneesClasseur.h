@@ -63,6 +63,9 @@ private:
     QHash<sal_Int32, sal_Int16> m_types;
 };
 
+// The call alone: what it throws is the application's own.
+void fermerDocument(const css::uno::Reference<css::sheet::XSpreadsheetDocument> &document);
+
 class Feuille::Donnees
 {
 public:

@@ -182,9 +182,21 @@ void ecrireClasseur(Classeur::Donnees &donnees, const QString &cheminHote, const
 void ecrireEtFermer(Classeur::Donnees &donnees, const QString &cheminHote, const char *filtre)
 {
     const QString provisoire = composer(donnees, cheminHote, filtre, nullptr);
-    std::future<void> fermeture = std::async(std::launch::async, [&donnees] { donnees.fermer(); });
-    livrer(provisoire, donnees.retouches, cheminHote, filtre);
-    fermeture.get();
+    // The call alone: its failure is turned into words here, on the thread that may touch the process.
+    std::future<void> fermeture = std::async(std::launch::async, fermerDocument, donnees.document);
+    donnees.document.clear();
+    const auto attendre = [&] { donnees.instance->appeler([&fermeture] { fermeture.get(); }); };
+    try {
+        livrer(provisoire, donnees.retouches, cheminHote, filtre);
+    } catch (const Erreur &) {
+        try {
+            attendre(); // under watch, in any case
+        } catch (const Erreur &) {
+            // What kept the file from its place is what is told.
+        }
+        throw;
+    }
+    attendre();
 }
 
 void copierClasseur(const QString &source, const QString &cheminHote)

@@ -146,7 +146,6 @@ void InstanceCalc::attendre(const std::function<void()> &ceder)
 
 void InstanceCalc::echouer(int numero, const QString &raison)
 {
-    const std::lock_guard verrou(m_verrouEchec);
     if (!m_echec)
         m_echec.emplace(numero, raison);
     m_abandon = true;
@@ -158,7 +157,6 @@ void InstanceCalc::echouer(int numero, const QString &raison)
 
 void InstanceCalc::arreter()
 {
-    const std::lock_guard verrou(m_verrouEchec);
     echouer(Morte, QStringLiteral("LibreOffice Calc a été arrêté."));
     m_chargeur.clear();
     m_fabrique.clear();
@@ -168,11 +166,8 @@ void InstanceCalc::arreter()
 
 bool InstanceCalc::repond()
 {
-    {
-        const std::lock_guard verrou(m_verrouEchec);
-        if (m_echec)
-            return false;
-    }
+    if (m_echec)
+        return false;
     if (!m_prete)
         return m_processus->vivant();
     try {
@@ -185,14 +180,12 @@ bool InstanceCalc::repond()
 
 void InstanceCalc::verifierVie()
 {
-    const std::lock_guard verrou(m_verrouEchec);
     if (m_echec)
         throw ErreurTableur(*m_echec);
 }
 
 void InstanceCalc::traduire(const css::uno::Exception &exception, bool connexionCoupee)
 {
-    const std::lock_guard verrou(m_verrouEchec);
     if (m_garde.aTue())
         echouer(Figee, QStringLiteral("LibreOffice Calc ne répondait plus et a été arrêté."));
     verifierVie();

@@ -13,7 +13,6 @@
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <future>
-#include <mutex>
 #include <optional>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
@@ -79,7 +78,6 @@ private:
     std::optional<QTemporaryDir> m_profil;
     std::unique_ptr<ProcessusLie> m_processus;
     QElapsedTimer m_depuisLancement;
-    std::recursive_mutex m_verrouEchec;   // an opening or a save may run on a thread of its own
     std::optional<ErreurTableur> m_echec; // why it can no longer be used
     Garde m_garde;
     std::atomic<bool> m_abandon{false};

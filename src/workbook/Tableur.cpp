@@ -30,23 +30,26 @@ const char *filtreDe(FormatFichier format)
     return "Text - txt - csv (StarCalc)";
 }
 
-std::shared_ptr<Classeur::Donnees> charger(const std::shared_ptr<InstanceCalc> &instance, const QString &url,
-                                           const std::vector<css::beans::PropertyValue> &options,
-                                           const QString &chemin, bool lectureSeule)
+using Document = css::uno::Reference<css::sheet::XSpreadsheetDocument>;
+
+// The call alone: what it throws is the application's own. Empty for a file that it makes no sheets of.
+Document charger(const css::uno::Reference<css::frame::XComponentLoader> &chargeur, const QString &url,
+                 const std::vector<css::beans::PropertyValue> &options)
 {
-    return instance->appeler(instance->delais().fichier, [&]() -> std::shared_ptr<Classeur::Donnees> {
-        // Held, as the instance may be ended meanwhile.
-        const css::uno::Reference<css::frame::XComponentLoader> chargeur = instance->chargeur();
-        const css::uno::Reference<css::sheet::XSpreadsheetDocument> document(
-            chargeur->loadComponentFromURL(versUno(url), "_blank", 0, description(options)),
-            css::uno::UNO_QUERY);
-        if (!document.is())
-            return nullptr;
-        // Nobody will undo: what is overwritten need not be kept.
-        css::uno::Reference<css::beans::XPropertySet>(document, css::uno::UNO_QUERY_THROW)
-            ->setPropertyValue("IsUndoEnabled", Any(false));
-        return std::make_shared<Classeur::Donnees>(instance, document, chemin, lectureSeule);
-    });
+    return {chargeur->loadComponentFromURL(versUno(url), "_blank", 0, description(options)),
+            css::uno::UNO_QUERY};
+}
+
+std::shared_ptr<Classeur::Donnees> donneesDe(const std::shared_ptr<InstanceCalc> &instance,
+                                             const Document &document, const QString &chemin,
+                                             bool lectureSeule)
+{
+    if (!document.is())
+        return nullptr;
+    // Nobody will undo: what is overwritten need not be kept.
+    css::uno::Reference<css::beans::XPropertySet>(document, css::uno::UNO_QUERY_THROW)
+        ->setPropertyValue("IsUndoEnabled", Any(false));
+    return std::make_shared<Classeur::Donnees>(instance, document, chemin, lectureSeule);
 }
 } // namespace
 
@@ -74,11 +77,67 @@ std::shared_ptr<InstanceCalc> Tableur::instance()
     return courante;
 }
 
-std::function<std::unique_ptr<Classeur>()> Tableur::preparerOuverture(const QString &cheminHote,
-                                                                      bool lectureSeule)
+// The call runs on a thread of its own, for which the connection has no owner. Its failure is turned into words on the main
+// one, which alone may touch the process.
+class OuvertureEnCours::Donnees
+{
+public:
+    std::shared_ptr<InstanceCalc> instance;
+    QString chemin;
+    bool lectureSeule = false;
+    bool chiffre = false; // with a password
+    std::future<Document> document;
+};
+
+OuvertureEnCours::OuvertureEnCours(std::unique_ptr<Donnees> donnees) : m_donnees(std::move(donnees)) {}
+
+OuvertureEnCours::~OuvertureEnCours()
+{
+    try {
+        if (m_donnees)
+            attendre();
+    } catch (const Erreur &) {
+        // Nobody wants it any more.
+    }
+}
+
+std::unique_ptr<Classeur> OuvertureEnCours::attendre()
+{
+    const std::unique_ptr<Donnees> d = std::move(m_donnees);
+    const QString nom = Chemins::titre(d->chemin);
+    std::shared_ptr<Classeur::Donnees> ouvert;
+    QString raison;
+    try {
+        ouvert = d->instance->appeler(d->instance->delais().fichier, [&d] {
+            return donneesDe(d->instance, d->document.get(), d->chemin, d->lectureSeule);
+        });
+    } catch (const ErreurTableur &) {
+        throw;
+    } catch (const Erreur &e) {
+        raison = e.description();
+    }
+    if (!ouvert && d->chiffre)
+        throw Erreur(MotDePasse,
+                     QStringLiteral("Le fichier « %1 » est protégé par un mot de passe. Enregistrez-le "
+                                    "sans mot de passe, puis recommencez.")
+                         .arg(nom));
+    if (!ouvert)
+        throw Erreur(PasOuvert,
+                     QStringLiteral("Le fichier « %1 » ne peut pas être ouvert : il est abîmé, ou protégé "
+                                    "par un mot de passe. %2")
+                         .arg(nom, raison)
+                         .trimmed());
+    return std::make_unique<Classeur>(std::move(ouvert));
+}
+
+OuvertureEnCours Tableur::commencerOuverture(const QString &cheminHote, bool lectureSeule)
 {
     const ExamenFichier examen = examinerFichier(cheminHote);
-    const std::shared_ptr<InstanceCalc> courante = instance();
+    auto donnees = std::make_unique<OuvertureEnCours::Donnees>();
+    donnees->instance = instance();
+    donnees->chemin = cheminHote;
+    donnees->lectureSeule = lectureSeule;
+    donnees->chiffre = examen.chiffre;
     std::vector<css::beans::PropertyValue> options{
         propriete("Hidden", Any(true)),
         // Never as the file's owner: what another program holds open is read all the same, and left as it is. A document
@@ -91,50 +150,24 @@ std::function<std::unique_ptr<Classeur>()> Tableur::preparerOuverture(const QStr
     };
     if (examen.format == FormatFichier::Csv)
         options.push_back(propriete("FilterOptions", Any(versUno(optionsCsv(cheminHote)))));
-
-    return [courante, options, cheminHote, lectureSeule, chiffre = examen.chiffre] {
-        const QString nom = Chemins::titre(cheminHote);
-        std::shared_ptr<Classeur::Donnees> donnees;
-        QString raison;
-        try {
-            donnees =
-                charger(courante, InstallationCalc::urlDossier(QFileInfo(cheminHote).absoluteFilePath()),
-                        options, cheminHote, lectureSeule);
-        } catch (const ErreurTableur &) {
-            throw;
-        } catch (const Erreur &e) {
-            raison = e.description();
-        }
-        if (!donnees && chiffre)
-            throw Erreur(MotDePasse,
-                         QStringLiteral("Le fichier « %1 » est protégé par un mot de passe. Enregistrez-le "
-                                        "sans mot de passe, puis recommencez.")
-                             .arg(nom));
-        if (!donnees)
-            throw Erreur(
-                PasOuvert,
-                QStringLiteral("Le fichier « %1 » ne peut pas être ouvert : il est abîmé, ou protégé "
-                               "par un mot de passe. %2")
-                    .arg(nom, raison)
-                    .trimmed());
-        return std::make_unique<Classeur>(std::move(donnees));
-    };
+    const QString url = InstallationCalc::urlDossier(QFileInfo(cheminHote).absoluteFilePath());
+    donnees->document = std::async(std::launch::async, charger, donnees->instance->chargeur(), url, options);
+    return OuvertureEnCours(std::move(donnees));
 }
 
 std::unique_ptr<Classeur> Tableur::ouvrir(const QString &cheminHote, bool lectureSeule)
 {
-    return preparerOuverture(cheminHote, lectureSeule)();
-}
-
-std::future<std::unique_ptr<Classeur>> Tableur::commencerOuverture(const QString &cheminHote)
-{
-    return std::async(std::launch::async, preparerOuverture(cheminHote, false));
+    return commencerOuverture(cheminHote, lectureSeule).attendre();
 }
 
 std::unique_ptr<Classeur> Tableur::ajouter()
 {
-    auto donnees = charger(instance(), QStringLiteral("private:factory/scalc"),
-                           {propriete("Hidden", Any(true))}, QString(), false);
+    const std::shared_ptr<InstanceCalc> courante = instance();
+    auto donnees = courante->appeler(courante->delais().fichier, [&courante] {
+        const Document document = charger(courante->chargeur(), QStringLiteral("private:factory/scalc"),
+                                          {propriete("Hidden", Any(true))});
+        return donneesDe(courante, document, QString(), false);
+    });
     if (!donnees)
         throw Erreur(
             PasOuvert,

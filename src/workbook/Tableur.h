@@ -5,7 +5,6 @@
 #include "workbook/Classeur.h"
 
 #include <functional>
-#include <future>
 #include <memory>
 #include <QString>
 
@@ -26,6 +25,24 @@ struct DelaisTableur {
     int essai = 5'000;     // the question "are you there?" put to an instance kept from an earlier report
 };
 
+// A workbook that the application is opening. Lives in the main thread, no longer than its Tableur; when it goes before it was
+// waited for, it waits.
+class OuvertureEnCours
+{
+public:
+    class Donnees;
+    explicit OuvertureEnCours(std::unique_ptr<Donnees> donnees);
+    ~OuvertureEnCours();
+    OuvertureEnCours(const OuvertureEnCours &) = delete;
+    OuvertureEnCours &operator=(const OuvertureEnCours &) = delete;
+
+    // Once. What went wrong meanwhile comes out here.
+    std::unique_ptr<Classeur> attendre();
+
+private:
+    std::unique_ptr<Donnees> m_donnees; // empty once waited for
+};
+
 // A failure of the spreadsheet application is an Erreur (platform/Erreur.h) with its words; a dead or hung instance is
 // an ErreurTableur: the next call to ouvrir or ajouter starts a fresh one. Lives in the main thread.
 class Tableur
@@ -43,10 +60,8 @@ public:
     // content, and what is not a workbook, is truncated or has a password is an Erreur that says so. Waits for the
     // instance if it is still starting. A workbook opened for reading only cannot be saved under its own name.
     std::unique_ptr<Classeur> ouvrir(const QString &cheminHote, bool lectureSeule = false);
-    // The same, begun: the application opens the file while the caller does what needs neither it nor a workbook. What
-    // goes wrong comes out of get() (a file that is no workbook, an instance that cannot start: of the call itself).
-    // Dropping the future waits too.
-    std::future<std::unique_ptr<Classeur>> commencerOuverture(const QString &cheminHote);
+    // The same, begun: the application opens the file while the caller does what needs neither it nor a workbook.
+    OuvertureEnCours commencerOuverture(const QString &cheminHote, bool lectureSeule = false);
     // A new workbook of one sheet.
     std::unique_ptr<Classeur> ajouter();
     // Ends the instance; another one is started when needed. Workbooks still open are lost.
@@ -66,9 +81,6 @@ public:
 
 private:
     std::shared_ptr<InstanceCalc> instance();
-    // All checks made, what is left to do; it may run on another thread.
-    std::function<std::unique_ptr<Classeur>()> preparerOuverture(const QString &cheminHote,
-                                                                 bool lectureSeule);
 
     QString m_programme;
     DelaisTableur m_delais;
