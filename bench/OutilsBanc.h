@@ -11,7 +11,7 @@
 namespace OutilsBanc
 {
 // The middle one of an odd number of measures.
-template <typename T> T mediane(QList<T> durees)
+template <typename Liste> auto mediane(Liste durees)
 {
     std::sort(durees.begin(), durees.end());
     return durees[durees.size() / 2];

@@ -2,6 +2,7 @@
 #include "database/jet/BasesJet.h"
 #include "database/jet/LecteurJet.h"
 #include "database/jet/OuvertureDEssai.h"
+#include "OutilsBanc.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -9,15 +10,11 @@
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 
+using OutilsBanc::mediane;
+
 namespace
 {
 constexpr int FOIS = 7;
-
-double mediane(std::vector<double> valeurs)
-{
-    std::sort(valeurs.begin(), valeurs.end());
-    return valeurs[valeurs.size() / 2];
-}
 
 double ouvertureMs(const QString &base)
 {

@@ -11,6 +11,7 @@
 #include "exchange/M_Import_OVRA.h"
 #include "frame/DialogueQt.h"
 #include "frame/Session.h"
+#include "OutilsBanc.h"
 #include "platform/Erreur.h"
 
 #include <algorithm>
@@ -22,6 +23,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <sqlite3.h>
+
+using OutilsBanc::mediane;
 
 namespace
 {
@@ -86,12 +89,6 @@ private:
     QElapsedTimer m_depuis;
     std::clock_t m_processeur = std::clock();
 };
-
-double mediane(QVector<double> valeurs)
-{
-    std::sort(valeurs.begin(), valeurs.end());
-    return valeurs[valeurs.size() / 2];
-}
 
 void imprimer(const char *nom, const QVector<Duree> &durees)
 {

@@ -7,6 +7,7 @@
 #include "capture/ecrans/F_Mesure_Physico.h"
 #include "DialogueDEssai.h"
 #include "frame/Session.h"
+#include "OutilsBanc.h"
 #include "platform/Erreur.h"
 #include "widgets/ZoneCombo.h"
 #include "widgets/ZoneComboLibre.h"
@@ -14,21 +15,15 @@
 #include <cstdio>
 #include <QAbstractItemModel>
 #include <QApplication>
-#include <QElapsedTimer>
-#include <QProcess>
 #include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
 
+using OutilsBanc::mediane;
+
 namespace
 {
 constexpr int TOURS = 21;
-
-double mediane(QList<double> durees)
-{
-    std::sort(durees.begin(), durees.end());
-    return durees[durees.size() / 2];
-}
 
 struct Durees {
     QList<double> ouverture;
@@ -41,14 +36,7 @@ class Etude
 public:
     Etude(const QString &fichier, int resultats)
     {
-        QProcess creation;
-        creation.setProcessChannelMode(QProcess::ForwardedChannels);
-        creation.start(QStringLiteral(DOSSIER_CONSTRUCTION "/bin/creer_bases"),
-                       {QStringLiteral("--donnees"), QStringLiteral(DOSSIER_SOURCES "/donnees"),
-                        QStringLiteral("resultats"), QString::number(resultats), fichier});
-        if (!creation.waitForFinished(-1) || creation.exitStatus() != QProcess::NormalExit ||
-            creation.exitCode() != 0)
-            throw Erreur(0, QStringLiteral("creer_bases: ") + creation.errorString());
+        OutilsBanc::creerBase(fichier, resultats);
         m_session.donnees.ouvrir(fichier);
         // Samplings that the screen can save again as they are: every one of their results is complete.
         Requete r = m_session.donnees.executer(QStringLiteral(
@@ -111,11 +99,10 @@ private:
         auto *bouton = m_ecran->findChild<QPushButton *>(QString::fromLatin1(nom));
         if (!bouton->isEnabled())
             throw Erreur(0, QStringLiteral("bouton désactivé : ") + QString::fromLatin1(nom));
-        QElapsedTimer chrono;
-        chrono.start();
-        bouton->click();
-        QApplication::processEvents();
-        return static_cast<double>(chrono.nsecsElapsed()) / 1e6;
+        return OutilsBanc::chronometrer([bouton] {
+            bouton->click();
+            QApplication::processEvents();
+        });
     }
 
     DialogueDEssai m_dialogue;

@@ -5,9 +5,8 @@
                     "hauteurs": {"1": POINTS}}},
  "noms": {NAME: "Feuille!A1:B2"}}
 CELL: "type" (vide, texte, nombre, date, booleen, erreur), "valeur" (a date as ISO text), "ecrite" (whether the file
-has a record of it), "format", "fond" ("#RRGGBB" or
-null), "index_fond" (the ColorIndex, 1 to 56, or null), "police" {gras, italique, taille, nom, couleur}, "alignement"
-{horizontal, vertical, rotation, renvoi}, "bords" {gauche, droite, haut, bas, diagonale: style numbers}, "diagonales".
+has a record of it), "format", "fond" ("#RRGGBB" or null), "index_fond" (the ColorIndex, 1 to 56, or null), "police"
+{gras, italique, taille, nom, couleur}, "alignement" {horizontal, vertical, rotation, renvoi}, "bords" {gauche, droite, haut, bas, diagonale: style numbers}, "diagonales".
 """
 import json
 import sys

@@ -30,8 +30,9 @@ double fractionDuJour(const QTime &heure)
 {
     return QTime(0, 0).msecsTo(heure) / static_cast<double>(MILLISECONDES_PAR_JOUR);
 }
-} // namespace
 
+// A value as a cell takes it; an empty one stands for the error #N/A, which no array of values can hold. An Erreur for a
+// type that no cell holds.
 Any valeurEcrite(const QVariant &valeur, const QDate &origineDates)
 {
     switch (valeur.typeId()) {
@@ -64,6 +65,7 @@ Any valeurEcrite(const QVariant &valeur, const QDate &origineDates)
                          .arg(QLatin1String(valeur.typeName())));
     return std::isfinite(nombre) ? Any(nombre) : Any();
 }
+} // namespace
 
 const char *formatVoulu(const QVariant &valeur)
 {

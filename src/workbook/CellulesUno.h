@@ -7,9 +7,6 @@
 
 #include <com/sun/star/uno/Any.hxx>
 
-// A value as a cell takes it; an empty one stands for the error #N/A, which no array of values can hold. An Erreur for a
-// type that no cell holds.
-css::uno::Any valeurEcrite(const QVariant &valeur, const QDate &origineDates);
 // The number format, in its English form, that a value calls for; null for none.
 const char *formatVoulu(const QVariant &valeur);
 

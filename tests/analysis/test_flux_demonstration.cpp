@@ -1,6 +1,7 @@
 // Fluxes of the demonstration study: the whole command with the real spreadsheet application, every cell worked out again
 // by tests/outils/verifier_flux.py, and the charts read back from the saved file.
 #include "analysis/DispositionFlux.h"
+#include "BaseConstruite.h"
 #include "ClasseurLu.h"
 #include "EssaiFlux.h"
 #include "GraphiqueLu.h"
@@ -15,8 +16,7 @@ class TestFluxDemonstration : public QObject
 
 private:
     std::unique_ptr<EssaiFlux> m_essai;
-    std::unique_ptr<DataEnvironment1> m_donnees;
-    QString m_base;
+    std::unique_ptr<BaseConstruite> m_etude;
 
     // Copies the last workbook where TEST_FLUX_SORTIES tells, for one who wants to look at it.
     void garder(const QString &nom) const
@@ -34,18 +34,12 @@ private Q_SLOTS:
     {
         m_essai = std::make_unique<EssaiFlux>();
         QVERIFY2(QFile::exists(m_essai->modeleFlux()), "the build makes the template");
-        m_base = m_essai->racine.filePath(QStringLiteral("demonstration.mdb"));
-        QVERIFY2(
-            QFile::copy(QStringLiteral(DOSSIER_CONSTRUCTION "/installation/Projet/Base/demonstration.mdb"),
-                        m_base),
-            "the build makes the demonstration study");
-        m_donnees = std::make_unique<DataEnvironment1>();
-        m_donnees->ouvrir(m_base);
+        m_etude = std::make_unique<BaseConstruite>(QStringLiteral("demonstration.mdb"));
     }
 
     void cleanupTestCase()
     {
-        m_donnees.reset();
+        m_etude.reset();
         m_essai.reset();
     }
 
@@ -92,9 +86,10 @@ private Q_SLOTS:
     void comparaison()
     {
         QFETCH(DemandeFlux, d);
-        QVERIFY2(m_essai->calculer(d, *m_donnees), qPrintable(m_essai->dialogue.messages.value(0).texte));
+        QVERIFY2(m_essai->calculer(d, m_etude->donnees),
+                 qPrintable(m_essai->dialogue.messages.value(0).texte));
         garder(QString::fromLatin1(QTest::currentDataTag()));
-        const QString differences = m_essai->verifierFlux(d, m_base);
+        const QString differences = m_essai->verifierFlux(d, m_etude->chemin());
         QVERIFY2(differences.isEmpty(), qPrintable(differences));
         QCOMPARE(m_essai->dialogue.messages.size(), 1);
         QCOMPARE(m_essai->dialogue.messages[0].texte,
@@ -106,12 +101,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("gestionnaire");
         QTest::addColumn<QString>("reseau");
-        Requete g = m_donnees->executer(QStringLiteral(
+        Requete g = m_etude->donnees.executer(QStringLiteral(
             "SELECT CodeSandreGest, count(*) FROM PRELEVEMENT JOIN MESURE_PHYSICO USING (NumPrel) "
             "WHERE CodeSandreStationM = '04999010' AND CodeParam = '1340' GROUP BY 1"));
         while (g.suivant())
             QTest::newRow(qPrintable("producer " + g.texte(0))) << g.texte(0) << QString();
-        Requete r = m_donnees->executer(
+        Requete r = m_etude->donnees.executer(
             QStringLiteral("SELECT DISTINCT CodeReseau FROM PRELEVEMENTRSX JOIN PRELEVEMENT USING (NumPrel) "
                            "WHERE CodeSandreStationM = '04999010'"));
         while (r.suivant())
@@ -127,8 +122,8 @@ private Q_SLOTS:
             d.gestionnaires << gestionnaire;
         if (!reseau.isEmpty())
             d.reseaux << reseau;
-        if (m_essai->calculer(d, *m_donnees)) {
-            const QString differences = m_essai->verifierFlux(d, m_base);
+        if (m_essai->calculer(d, m_etude->donnees)) {
+            const QString differences = m_essai->verifierFlux(d, m_etude->chemin());
             QVERIFY2(differences.isEmpty(), qPrintable(differences));
         } else {
             QCOMPARE(m_essai->dialogue.messages[0].titre, QStringLiteral("Attention"));
@@ -142,7 +137,7 @@ private Q_SLOTS:
                                           F::annees(2009, 2012, ModeAnnee::Civile, true),
                                           F::mois(GenreFlux::Cumule, 2008, 1, 2013, 12),
                                           F::mois(GenreFlux::ParVolume, 2008, 1, 2013, 12)});
-        QVERIFY(m_essai->calculer(d, *m_donnees));
+        QVERIFY(m_essai->calculer(d, m_etude->donnees));
         garder(QStringLiteral("graphiques"));
         const GraphiquesLus lus(m_essai->sortie());
         QVERIFY2(lus.lisible(), qPrintable(lus.erreurs()));
@@ -199,13 +194,14 @@ private Q_SLOTS:
     void moisIncomplet()
     {
         QCOMPARE(
-            m_donnees
-                ->valeur(QStringLiteral("SELECT count(*) FROM MESURE_HYDRO WHERE CodeStationHM = 'J7999910' "
-                                        "AND DebitJourMesureHM IS NOT NULL "
-                                        "AND DateMesureHM >= '2010-02-01' AND DateMesureHM < '2010-03-01'"))
+            m_etude->donnees
+                .valeur(QStringLiteral("SELECT count(*) FROM MESURE_HYDRO WHERE CodeStationHM = 'J7999910' "
+                                       "AND DebitJourMesureHM IS NOT NULL "
+                                       "AND DateMesureHM >= '2010-02-01' AND DateMesureHM < '2010-03-01'"))
                 .toInt(),
             23);
-        QVERIFY(m_essai->calculer(F::demande({F::mois(GenreFlux::Mensuel, 2010, 1, 2010, 12)}), *m_donnees));
+        QVERIFY(m_essai->calculer(F::demande({F::mois(GenreFlux::Mensuel, 2010, 1, 2010, 12)}),
+                                  m_etude->donnees));
         const QString nom = QStringLiteral("Flux_Mensuel");
         const ClasseurLu cellules(m_essai->sortie());
         QCOMPARE(cellules.valeur(nom, QStringLiteral("C3")).toDouble(), 23.0);
@@ -228,7 +224,7 @@ private Q_SLOTS:
     {
         DataEnvironment1 donnees;
         const QString base = m_essai->racine.filePath(QStringLiteral("sans_debit.mdb"));
-        QVERIFY(QFile::copy(m_base, base));
+        QVERIFY(QFile::copy(m_etude->chemin(), base));
         donnees.ouvrir(base);
         donnees.executer(QStringLiteral("DELETE FROM MESURE_HYDRO WHERE CodeStationHM = 'J7999910' "
                                         "AND DateMesureHM >= '2012-03-01' AND DateMesureHM < '2012-05-01'"));
@@ -262,7 +258,7 @@ private Q_SLOTS:
     {
         DataEnvironment1 donnees;
         const QString base = m_essai->racine.filePath(QStringLiteral("sans_surface.mdb"));
-        QVERIFY(QFile::copy(m_base, base));
+        QVERIFY(QFile::copy(m_etude->chemin(), base));
         donnees.ouvrir(base);
         donnees.executer(QStringLiteral("UPDATE STATION_HYDRO SET SurfReelStationHM = NULL"));
         const FluxDemande annuel = F::annees(2009, 2011, ModeAnnee::Civile);
@@ -292,7 +288,7 @@ private Q_SLOTS:
     void rienACalculer()
     {
         QFETCH(DemandeFlux, d);
-        QVERIFY(!m_essai->calculer(d, *m_donnees));
+        QVERIFY(!m_essai->calculer(d, m_etude->donnees));
         QCOMPARE(m_essai->dialogue.messages.size(), 1);
         QCOMPARE(m_essai->dialogue.messages[0].texte,
                  QStringLiteral("Il n'y a aucune mesure physico-chimique ou hydrométrique à importer dans le "
@@ -310,7 +306,7 @@ private Q_SLOTS:
                                               F::annees(2010, 2010, ModeAnnee::Civile),
                                               F::mois(GenreFlux::Cumule, 2010, 1, 2010, 2),
                                               F::mois(GenreFlux::ParVolume, 2010, 1, 2010, 2)}),
-                                  *m_donnees));
+                                  m_etude->donnees));
         QStringList calculs = barre.textes.filter(QStringLiteral("Calcul des flux "));
         QCOMPARE(calculs, (QStringList{"Calcul des flux mensuels", "Calcul des flux annuels",
                                        QStringLiteral("Calcul des flux mensuels cumulés"),
@@ -323,8 +319,9 @@ private Q_SLOTS:
         m_essai->dialogue.messages.clear();
         m_essai->dialogue.fichiers.enqueue(std::nullopt);
         CoursRapport cours(m_essai->dialogue, m_essai->tableur, m_essai->dossiers, m_essai->etat);
-        QVERIFY(!cours.executer(M_Concentration_OVRA::commandeFlux(
-            F::demande({F::mois(GenreFlux::Mensuel, 2010, 1, 2010, 12)}), *m_donnees, m_essai->dialogue)));
+        QVERIFY(!cours.executer(
+            M_Concentration_OVRA::commandeFlux(F::demande({F::mois(GenreFlux::Mensuel, 2010, 1, 2010, 12)}),
+                                               m_etude->donnees, m_essai->dialogue)));
         QVERIFY(m_essai->dialogue.messages.isEmpty());
         QVERIFY(!m_essai->etat.enCours());
     }
@@ -334,7 +331,7 @@ private Q_SLOTS:
     {
         const DemandeFlux d = F::demande(
             {F::mois(GenreFlux::Mensuel, 2008, 1, 2018, 12), F::mois(GenreFlux::Cumule, 2008, 1, 2018, 12)});
-        CommandeRapport commande = M_Concentration_OVRA::commandeFlux(d, *m_donnees, m_essai->dialogue);
+        CommandeRapport commande = M_Concentration_OVRA::commandeFlux(d, m_etude->donnees, m_essai->dialogue);
         const auto remplir = commande.remplir;
         commande.remplir = [&](Classeur &classeur) {
             remplir(classeur);
@@ -350,7 +347,7 @@ private Q_SLOTS:
         QCOMPARE(m_essai->dialogue.messages[0].titre, QStringLiteral("Attention"));
         QVERIFY(!QFile::exists(m_essai->sortie()));
         QVERIFY(!m_essai->etat.enCours());
-        QVERIFY(m_essai->calculer(d, *m_donnees));
+        QVERIFY(m_essai->calculer(d, m_etude->donnees));
     }
 
     // A template that lacks a sheet: a failure of the filling, with its words.
@@ -359,7 +356,8 @@ private Q_SLOTS:
         const QString garde = m_essai->modeleFlux() + QStringLiteral(".garde");
         QVERIFY(QFile::rename(m_essai->modeleFlux(), garde));
         QVERIFY(QFile::copy(m_essai->modele(), m_essai->modeleFlux()));
-        QVERIFY(!m_essai->calculer(F::demande({F::mois(GenreFlux::Mensuel, 2010, 1, 2010, 12)}), *m_donnees));
+        QVERIFY(!m_essai->calculer(F::demande({F::mois(GenreFlux::Mensuel, 2010, 1, 2010, 12)}),
+                                   m_etude->donnees));
         QCOMPARE(m_essai->dialogue.messages.size(), 1);
         QVERIFY(m_essai->dialogue.messages[0].texte.startsWith(
             QStringLiteral("Une erreur s'est produite en cours de traitement : \n")));

@@ -1,4 +1,5 @@
 // Reports of the demonstration study, read back by an independent reader.
+#include "BaseConstruite.h"
 #include "EssaiRapport.h"
 
 #include <QTest>
@@ -26,14 +27,13 @@ class TestRapportDemonstration : public QObject
 
 private:
     std::unique_ptr<EssaiRapport> m_essai;
-    std::unique_ptr<DataEnvironment1> m_donnees;
-    QString m_base;
+    std::unique_ptr<BaseConstruite> m_etude;
 
     // Codes of everything that bears a result of the outlet's nitrates.
     QStringList codes(const QString &colonne, const QString &jointure = {}) const
     {
         QStringList liste;
-        Requete r = m_donnees->executer(
+        Requete r = m_etude->donnees.executer(
             QStringLiteral(
                 "SELECT DISTINCT %1 FROM PRELEVEMENT JOIN MESURE_PHYSICO USING (NumPrel) %2 "
                 "WHERE CodeSandreStationM = ? AND CodeParam = '1340' AND %1 IS NOT NULL ORDER BY %1")
@@ -48,18 +48,12 @@ private Q_SLOTS:
     void initTestCase()
     {
         m_essai = std::make_unique<EssaiRapport>();
-        m_base = m_essai->racine.filePath(QStringLiteral("demonstration.mdb"));
-        QVERIFY2(
-            QFile::copy(QStringLiteral(DOSSIER_CONSTRUCTION "/installation/Projet/Base/demonstration.mdb"),
-                        m_base),
-            "the build makes the demonstration study");
-        m_donnees = std::make_unique<DataEnvironment1>();
-        m_donnees->ouvrir(m_base);
+        m_etude = std::make_unique<BaseConstruite>(QStringLiteral("demonstration.mdb"));
     }
 
     void cleanupTestCase()
     {
-        m_donnees.reset();
+        m_etude.reset();
         m_essai.reset();
     }
 
@@ -114,15 +108,15 @@ private Q_SLOTS:
     void comparaison()
     {
         QFETCH(DemandeRapport, d);
-        QVERIFY2(m_essai->editer(d, *m_donnees), qPrintable(m_essai->dialogue.messages.value(0).texte));
-        const QString differences = m_essai->verifier(d, m_base);
+        QVERIFY2(m_essai->editer(d, m_etude->donnees), qPrintable(m_essai->dialogue.messages.value(0).texte));
+        const QString differences = m_essai->verifier(d, m_etude->chemin());
         QVERIFY2(differences.isEmpty(), qPrintable(differences));
     }
 
     // Every station and parameter that the study has, each in one year: nothing in its content fails a report.
     void tousLesParametres()
     {
-        Requete r = m_donnees->executer(QStringLiteral(
+        Requete r = m_etude->donnees.executer(QStringLiteral(
             "SELECT CodeSandreStationM, NomParam, min(DatePrel), max(DatePrel) FROM PRELEVEMENT "
             "JOIN MESURE_PHYSICO USING (NumPrel) JOIN PARAMETRE USING (CodeParam) "
             "WHERE CodeGroupeParam <> 'PS' AND CodeParam <> '1841' GROUP BY CodeSandreStationM, CodeParam"));
@@ -134,8 +128,8 @@ private Q_SLOTS:
             const DemandeRapport d =
                 demande(r.texte(0), r.texte(1), QDate::fromString(r.texte(2), Qt::ISODate),
                         QDate::fromString(r.texte(3), Qt::ISODate));
-            QVERIFY2(m_essai->editer(d, *m_donnees), qPrintable(d.codeStation + u' ' + d.parametre));
-            const QString differences = m_essai->verifier(d, m_base);
+            QVERIFY2(m_essai->editer(d, m_etude->donnees), qPrintable(d.codeStation + u' ' + d.parametre));
+            const QString differences = m_essai->verifier(d, m_etude->chemin());
             QVERIFY2(differences.isEmpty(),
                      qPrintable(d.codeStation + u' ' + d.parametre + u'\n' + differences));
         }

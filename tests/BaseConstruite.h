@@ -14,15 +14,16 @@ public:
     explicit BaseConstruite(const QString &nom)
     {
         const QString origine = QStringLiteral(DOSSIER_CONSTRUCTION "/installation/Projet/Base/") + nom;
-        const QString copie = m_dossier.filePath(nom);
-        if (!QFile::copy(origine, copie))
+        m_chemin = m_dossier.filePath(nom);
+        if (!QFile::copy(origine, m_chemin))
             qFatal("%s is not built", qPrintable(origine));
-        donnees.ouvrir(copie);
+        donnees.ouvrir(m_chemin);
     }
     ~BaseConstruite() { donnees.liberer(); }
     BaseConstruite(const BaseConstruite &) = delete;
     BaseConstruite &operator=(const BaseConstruite &) = delete;
 
+    QString chemin() const { return m_chemin; }
     // First value of the first row; null without a row.
     QVariant valeur(const QString &sql, const QVariantList &parametres = {}) const
     {
@@ -47,6 +48,7 @@ public:
 
 private:
     QTemporaryDir m_dossier;
+    QString m_chemin;
 };
 
 // Rows of a table of donnees/, its header left out, as this test reads them: no code of the program that makes bases.
